@@ -1,0 +1,88 @@
+#include "engine/escaping.h"
+
+#include "ext/standard/html.h"
+#include "ext/standard/php_string.h"
+#include "ext/standard/url.h"
+
+namespace zorvel
+{
+
+namespace
+{
+
+zend_string* escapeEntities(std::string_view text, bool all, const char* charset)
+{
+    const auto* bytes = reinterpret_cast<const unsigned char*>(text.data());
+    return php_escape_html_entities(bytes, text.size(), all, ENT_COMPAT, charset);
+}
+
+zend_string* addslashes(std::string_view text, const char*)
+{
+    zend_string* copy = zend_string_init(text.data(), text.size(), false);
+    zend_string* result = php_addslashes(copy);
+    zend_string_release(copy);
+    return result;
+}
+
+zend_string* htmlentities(std::string_view text, const char* charset)
+{
+    return escapeEntities(text, true, charset);
+}
+
+zend_string* htmlspecialchars(std::string_view text, const char* charset)
+{
+    return escapeEntities(text, false, charset);
+}
+
+zend_string* rawurlencode(std::string_view text, const char*)
+{
+    return php_raw_url_encode(text.data(), text.size());
+}
+
+constexpr bool isSpecial(unsigned char byte)
+{
+    return byte == '&' || byte == '<' || byte == '>' || byte == '"';
+}
+
+constexpr bool isUnreserved(unsigned char byte)
+{
+    return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z') || (byte >= '0' && byte <= '9') ||
+           byte == '-' || byte == '_' || byte == '.' || byte == '~';
+}
+
+template <typename Predicate>
+constexpr std::array<bool, 256> bytesFor(Predicate holds)
+{
+    std::array<bool, 256> bytes{};
+    for (std::size_t byte = 0; byte < bytes.size(); ++byte)
+        bytes[byte] = holds(static_cast<unsigned char>(byte));
+    return bytes;
+}
+
+} // namespace
+
+const Escaping addslashesEscaping{addslashes, bytesFor([](unsigned char byte) {
+                                      return byte != '\'' && byte != '"' && byte != '\\' && byte != '\0';
+                                  })};
+const Escaping htmlentitiesEscaping{
+    htmlentities, bytesFor([](unsigned char byte) { return byte < 0xA0 && !isSpecial(byte); })};
+const Escaping htmlspecialcharsEscaping{htmlspecialchars,
+                                        bytesFor([](unsigned char byte) { return !isSpecial(byte); })};
+const Escaping rawurlencodeEscaping{rawurlencode, bytesFor(isUnreserved)};
+
+std::size_t findUnsafe(const Escaping& escaping, std::string_view text)
+{
+    std::size_t index = 0;
+    while (index < text.size() && escaping.keeps[static_cast<unsigned char>(text[index])])
+        ++index;
+    return index;
+}
+
+StringRef escape(const Escaping& escaping, std::string_view text, const char* charset)
+{
+    StringRef result;
+    guarded([&] { result = StringRef(escaping.escape(text, charset)); });
+    return result;
+}
+
+} // namespace zorvel

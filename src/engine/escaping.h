@@ -1,0 +1,36 @@
+#pragma once
+
+#include <array>
+#include <string_view>
+
+#include "engine/holders.h"
+
+namespace zorvel
+{
+
+/// One of PHP's own escaping functions.
+struct Escaping {
+    /// @param charset the character set of the text, null: PHP's configured one. Only the entity functions
+    ///        look at it, and report it when it is none that they know.
+    /// @return a new engine string
+    zend_string* (*escape)(std::string_view text, const char* charset);
+    /// The bytes that the function leaves as they are in ISO-8859-1 text, wherever they stand.
+    std::array<bool, 256> keeps;
+};
+
+/// A backslash before quotes, backslashes and NUL bytes.
+extern const Escaping addslashesEscaping;
+/// Every character that has an HTML 4.01 entity, but not the single quote.
+extern const Escaping htmlentitiesEscaping;
+/// The characters & < > and the double quote.
+extern const Escaping htmlspecialcharsEscaping;
+/// Every byte but ASCII letters, digits and - _ . ~ as % and two hexadecimal digits.
+extern const Escaping rawurlencodeEscaping;
+
+/// The first byte of ISO-8859-1 text that would not be left as it is; the text's size when there is none.
+std::size_t findUnsafe(const Escaping& escaping, std::string_view text);
+
+/// @throws Bailout when memory_limit is reached, PendingException when an error handler throws
+StringRef escape(const Escaping& escaping, std::string_view text, const char* charset);
+
+} // namespace zorvel

@@ -1,0 +1,55 @@
+#include "engine/stream.h"
+
+#include <algorithm>
+
+#include "php_streams.h"
+
+#include "engine/guard.h"
+
+namespace zorvel
+{
+
+void Stream::hold(php_stream* opened)
+{
+    resource_ = opened->res;
+    GC_ADDREF(resource_);
+}
+
+Stream::~Stream()
+{
+    if (resource_ == nullptr)
+        return;
+    guardedNoThrow([this] {
+        if (php_stream* stream = get())
+            php_stream_free(stream, PHP_STREAM_FREE_CLOSE);
+    });
+    guardedNoThrow([this] { zend_list_delete(resource_); });
+}
+
+Stream Stream::open(const std::string& name)
+{
+    Stream stream;
+    if (name.empty() || name.find('\0') != std::string::npos)
+        return stream;
+    guarded([&] {
+        if (auto* opened = php_stream_open_wrapper_ex(name.c_str(), "rb", USE_PATH, nullptr, nullptr))
+            stream.hold(opened);
+    });
+    return stream;
+}
+
+bool Stream::atEnd() const
+{
+    bool end = true;
+    guarded([&] { end = get() == nullptr || php_stream_eof(get()); });
+    return end;
+}
+
+std::size_t Stream::read(char* buffer, std::size_t size)
+{
+    ssize_t count = 0;
+    guarded([&] { count = php_stream_read(get(), buffer, size); });
+    return static_cast<std::size_t>(std::max<ssize_t>(count, 0));
+}
+
+} // namespace zorvel

@@ -1,0 +1,53 @@
+#include "source/template.h"
+
+#include <utility>
+
+#include "engine/guard.h"
+#include "ext/failure.h"
+#include "parser/tag_dispatcher.h"
+#include "render/renderer.h"
+
+namespace zorvel
+{
+
+Template::Template(std::string source, TemplateInput* callInput, bool inMemory)
+    : input(callInput), reader(source, inMemory), stringMode(inMemory)
+{
+    fileNames.push_back(std::move(source));
+}
+
+void Template::parse()
+{
+    auto pending = std::make_unique<TextBlock>();
+    parseBlocks(blocks, pending, 0);
+}
+
+void Template::parseBlocks(BlockList& list, std::unique_ptr<TextBlock>& pending, int expectedClose)
+{
+    if (stackIsUsedUp())
+        throwError(message::TooDeep, fileNames.back());
+
+    bool closed = false;
+    while (!closed && !reader.atEnd())
+        closed = reader.readUntil(pending->text, '{') && dispatchTag(*this, list, pending, expectedClose);
+    flushText(list, pending);
+    if (!closed && expectedClose != 0)
+        throwError(message::MissingClose, fileNames.back());
+}
+
+void Template::flushText(BlockList& list, std::unique_ptr<TextBlock>& pending)
+{
+    if (pending->text.empty())
+        return;
+    list.push_back(std::move(pending));
+    pending = std::make_unique<TextBlock>();
+}
+
+std::string Template::render()
+{
+    std::string out;
+    renderBlocks(*this, blocks, out, nullptr);
+    return out;
+}
+
+} // namespace zorvel

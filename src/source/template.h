@@ -1,0 +1,64 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "php.h"
+
+#include "blocks/block.h"
+#include "blocks/text_block.h"
+#include "source/source_reader.h"
+
+namespace zorvel
+{
+
+class DynamicBlock;
+
+/// What one call was given. Outlives every Template of the call.
+struct TemplateInput {
+    /// The file name as passed, or in string mode the template's text.
+    std::string fileName;
+    /// The user data: always an array, borrowed from the caller, only read.
+    const zval* userData;
+};
+
+/// One template source being parsed and rendered: the file or text given to the call, or one included file,
+/// whose blocks go straight into the lists of the including template.
+class Template
+{
+public:
+    /// @throws std::runtime_error when the file cannot be opened
+    Template(std::string source, TemplateInput* callInput, bool inMemory);
+    Template(const Template&) = delete;
+    Template& operator=(const Template&) = delete;
+
+    /// Parses the whole source into blocks.
+    void parse();
+
+    /// Parses from the current position into `list` until the closing tag of code `expectedClose` has been
+    /// read or, with 0, the input ends.
+    /// @param pending text that has been read and is in no list yet; afterwards empty
+    /// @throws std::runtime_error for every fault in the template's text
+    void parseBlocks(BlockList& list, std::unique_ptr<TextBlock>& pending, int expectedClose);
+
+    /// Moves pending text, when there is any, to the end of `list`. Done before any other block is added, so
+    /// that text and tags keep their order.
+    static void flushText(BlockList& list, std::unique_ptr<TextBlock>& pending);
+
+    std::string render();
+
+    /// The top-level blocks. Empty in an included file's template.
+    BlockList blocks;
+    /// The loops around the tag being parsed or the block being rendered, innermost last; they belong to the
+    /// tree.
+    std::vector<DynamicBlock*> dynamicStack;
+    TemplateInput* input;
+    SourceReader reader;
+    bool stringMode;
+    /// The include chain, this source's name last; messages cite that one. In string mode the first is the
+    /// text itself.
+    std::vector<std::string> fileNames;
+};
+
+} // namespace zorvel
