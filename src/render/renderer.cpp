@@ -1,0 +1,103 @@
+#include "render/renderer.h"
+
+#include <algorithm>
+#include <typeinfo>
+
+#include "blocks/section_block.h"
+#include "blocks/text_block.h"
+#include "blocks/variable_block.h"
+#include "engine/escaping.h"
+#include "engine/guard.h"
+#include "ext/failure.h"
+#include "render/section_renderer.h"
+#include "render/variable_renderer.h"
+#include "source/template.h"
+
+namespace zorvel
+{
+
+namespace
+{
+
+/// A checked downcast. Comparing the exact type first is as safe as dynamic_cast alone, and far cheaper.
+template <typename Concrete>
+Concrete& as(Block& block)
+{
+    return typeid(block) == typeid(Concrete) ? static_cast<Concrete&>(block) : dynamic_cast<Concrete&>(block);
+}
+
+void renderText(Template&, TextBlock& block, std::string& out, const zval*)
+{
+    out += block.text;
+}
+
+RendererEntry optionalEntry(BlockType type, bool negate)
+{
+    return {type, [negate](Template& tpl, Block& block, std::string& out, const zval* data) {
+                renderOptional(tpl, as<OptionalBlock>(block), out, data, negate);
+            }};
+}
+
+RendererEntry dynamicEntry(BlockType type, bool reverse)
+{
+    return {type, [reverse](Template& tpl, Block& block, std::string& out, const zval* data) {
+                renderDynamic(tpl, as<DynamicBlock>(block), out, data, reverse);
+            }};
+}
+
+template <BlockType Type>
+RendererEntry filterEntry(const Escaping& escaping)
+{
+    return {Type, [&escaping](Template& tpl, Block& block, std::string& out, const zval* data) {
+                renderEscaped(tpl, as<FilterBlock<Type>>(block), out, data, escaping);
+            }};
+}
+
+const BlockRenderer* findRenderer(const std::vector<RendererEntry>& table, std::int32_t type)
+{
+    const auto entry = std::lower_bound(
+        table.begin(), table.end(), type,
+        [](const RendererEntry& candidate, std::int32_t code) { return candidate.type < code; });
+    return entry != table.end() && entry->type == type ? &entry->renderer : nullptr;
+}
+
+} // namespace
+
+std::vector<RendererEntry> buildRendererTable()
+{
+    std::vector<RendererEntry> table{
+        {Text, [](Template& tpl, Block& block, std::string& out,
+                  const zval* data) { renderText(tpl, as<TextBlock>(block), out, data); }},
+        optionalEntry(Optional, false),
+        optionalEntry(NotOptional, true),
+        dynamicEntry(Dynamic, false),
+        dynamicEntry(ReverseDynamic, true),
+        {Variable,
+         [](Template& tpl, Block& block, std::string& out, const zval* data) {
+             renderMultiVariable(tpl, as<MultiVariableBlock>(block), out, data);
+         }},
+        filterEntry<Addslashes>(addslashesEscaping),
+        filterEntry<Htmlentities>(htmlentitiesEscaping),
+        filterEntry<Htmlspecialchars>(htmlspecialcharsEscaping),
+        filterEntry<Rawurlencode>(rawurlencodeEscaping),
+    };
+    std::sort(table.begin(), table.end(),
+              [](const RendererEntry& a, const RendererEntry& b) { return a.type < b.type; });
+    return table;
+}
+
+void renderBlocks(Template& tpl, const BlockList& blocks, std::string& out, const zval* data)
+{
+    static const std::vector<RendererEntry> rendererTable = buildRendererTable();
+
+    if (stackIsUsedUp())
+        throwError(message::TooDeep, tpl.fileNames.back());
+    for (const auto& block : blocks) {
+        if (block == nullptr)
+            throwError(message::NullBlock);
+        if (const BlockRenderer* renderer = findRenderer(rendererTable, block->type))
+            (*renderer)(tpl, *block, out, data);
+    }
+}
+
+} // namespace zorvel

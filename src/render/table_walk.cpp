@@ -1,0 +1,63 @@
+#include "render/table_walk.h"
+
+#include <array>
+#include <charconv>
+
+#include "data/path_lookup.h"
+
+namespace zorvel
+{
+
+TableWalk::TableWalk(const zval* value, bool reverse) : reverse_(reverse)
+{
+    if (Z_TYPE_P(value) == IS_ARRAY) {
+        table_ = TableRef(Z_ARRVAL_P(value));
+    } else if (Z_TYPE_P(value) == IS_OBJECT) {
+        ZVAL_COPY(object_.get(), value);
+        table_ = TableRef(propertiesOf(object_.get()));
+    }
+    if (table_.get() == nullptr)
+        return;
+    if (reverse_)
+        zend_hash_internal_pointer_end_ex(table_.get(), &position_);
+    else
+        zend_hash_internal_pointer_reset_ex(table_.get(), &position_);
+}
+
+const zval* TableWalk::next(std::string& key)
+{
+    if (table_.get() == nullptr)
+        return nullptr;
+    const zval* element = nullptr;
+    while (const zval* slot = zend_hash_get_current_data_ex(table_.get(), &position_)) {
+        element = followSlot(slot);
+        if (element != nullptr)
+            readKey(key);
+        advance();
+        if (element != nullptr)
+            break;
+    }
+    return element;
+}
+
+void TableWalk::readKey(std::string& key)
+{
+    zend_string* name = nullptr;
+    zend_ulong index = 0;
+    if (zend_hash_get_current_key_ex(table_.get(), &name, &index, &position_) == HASH_KEY_IS_STRING) {
+        key.assign(ZSTR_VAL(name), ZSTR_LEN(name));
+        return;
+    }
+    std::array<char, 20> digits;
+    key.assign(digits.data(), std::to_chars(digits.begin(), digits.end(), index).ptr);
+}
+
+void TableWalk::advance()
+{
+    if (reverse_)
+        zend_hash_move_backwards_ex(table_.get(), &position_);
+    else
+        zend_hash_move_forward_ex(table_.get(), &position_);
+}
+
+} // namespace zorvel

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <string>
+
+#include "php.h"
+
+#include "engine/holders.h"
+
+namespace zorvel
+{
+
+/// A walk over the elements of an array, or the properties of an object, in order or in reverse. It keeps a
+/// position of its own, and a hold on the value and its table: elements stay valid as long as the walk.
+/// Uninitialised properties are passed over; any other value has no elements.
+class TableWalk
+{
+public:
+    /// @throws Bailout, PendingException from an object that makes its properties on demand
+    TableWalk(const zval* value, bool reverse);
+
+    /// @param key becomes the element's key as text: a string key whole, an integer key as the decimal form
+    /// of
+    ///        its 64 bits read as unsigned
+    /// @return the next element; null behind the last
+    const zval* next(std::string& key);
+
+private:
+    void readKey(std::string& key);
+    void advance();
+
+    /// The object whose properties are walked; else undefined.
+    ValueRef object_;
+    TableRef table_;
+    HashPosition position_ = 0;
+    const bool reverse_;
+};
+
+} // namespace zorvel

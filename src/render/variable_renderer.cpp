@@ -1,0 +1,96 @@
+#include "render/variable_renderer.h"
+
+#include <string_view>
+
+#include "blocks/section_block.h"
+#include "data/path_lookup.h"
+#include "parser/parameter_path.h"
+#include "render/section_renderer.h"
+#include "source/template.h"
+
+namespace zorvel
+{
+
+namespace
+{
+
+bool append(std::string& out, const ValueText& text)
+{
+    if (!text)
+        return false;
+    out += text.view();
+    return true;
+}
+
+void storePath(VariableBlock& block, const ParameterView& view)
+{
+    block.namespaceName = view.namespaceName;
+    block.outputKey = view.status == ParamStatus::LoopKey;
+    block.path.clear();
+    KeyCursor keys(view.path);
+    for (std::string_view key; !view.path.empty() && keys.next(key);)
+        block.path.emplace_back(key);
+}
+
+bool appendCandidate(Template& tpl, MultiVariableBlock& block, std::string_view candidate, std::string& out,
+                     const zval* data)
+{
+    const ParameterView view = resolveView(tpl, candidate);
+    if (view.status == ParamStatus::Found)
+        return append(out, ValueText(view.value));
+    if (view.status == ParamStatus::NotFound)
+        return false;
+    storePath(block, view);
+    return append(out, variableText(tpl, block, data));
+}
+
+/// Whether the block's own fields still hold the parse of its only candidate. A candidate "*" leaves them as
+/// they are after construction, and is parsed again.
+bool holdsParse(const MultiVariableBlock& block)
+{
+    return block.candidates.size() == 1 &&
+           (block.outputKey || !block.path.empty() || !block.namespaceName.empty());
+}
+
+bool appendFirstValue(Template& tpl, MultiVariableBlock& block, std::string& out, const zval* data)
+{
+    if (holdsParse(block))
+        return append(out, variableText(tpl, block, data));
+    for (const std::string& candidate : block.candidates) {
+        if (appendCandidate(tpl, block, candidate, out, data))
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
+ValueText variableText(Template& tpl, const VariableBlock& block, const zval* data)
+{
+    const LoopPosition position = findPosition(tpl, block.namespaceName, data);
+    if (position.loop == nullptr)
+        return ValueText();
+    if (block.outputKey)
+        return ValueText(position.loop->currentKey.c_str());
+    return ValueText(lookupPath(tpl, block.path, position.start));
+}
+
+void renderMultiVariable(Template& tpl, MultiVariableBlock& block, std::string& out, const zval* data)
+{
+    if (!appendFirstValue(tpl, block, out, data) && block.hasDefault)
+        out += block.defaultText;
+}
+
+void renderEscaped(Template& tpl, VariableBlock& block, std::string& out, const zval* data,
+                   const Escaping& escaping)
+{
+    const ValueText text = variableText(tpl, block, data);
+    if (!text)
+        return;
+    if (findUnsafe(escaping, text.view()) == text.view().size())
+        out += text.view();
+    else
+        out += escape(escaping, text.view(), "ISO-8859-1").text();
+}
+
+} // namespace zorvel
