@@ -1,0 +1,37 @@
+#include "php.h"
+
+#include "ext/page.h"
+#include "ext/zorvel_arginfo.h"
+
+namespace
+{
+
+/// Nothing to set up: the module has no state.
+PHP_MINIT_FUNCTION(zorvel)
+{
+    return SUCCESS;
+}
+
+} // namespace
+
+PHP_FUNCTION(zorvel)
+{
+    zorvel::renderPage(INTERNAL_FUNCTION_PARAM_PASSTHRU);
+    if (EG(current_execute_data) != execute_data)
+        zend_bailout();
+}
+
+zend_module_entry zorvel_module_entry = {
+    STANDARD_MODULE_HEADER,
+    "zorvel",
+    ext_functions,
+    PHP_MINIT(zorvel),
+    nullptr, // module shutdown
+    nullptr, // request startup
+    nullptr, // request shutdown
+    nullptr, // info
+    "2.0.0",
+    STANDARD_MODULE_PROPERTIES,
+};
+
+ZEND_GET_MODULE(zorvel)
