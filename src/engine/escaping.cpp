@@ -1,8 +1,11 @@
 #include "engine/escaping.h"
 
+// These headers leave the language linkage of their functions to whoever includes them.
+BEGIN_EXTERN_C()
 #include "ext/standard/html.h"
 #include "ext/standard/php_string.h"
 #include "ext/standard/url.h"
+END_EXTERN_C()
 
 namespace zorvel
 {

@@ -24,14 +24,16 @@ namespace detail
 template <typename Call>
 zend_never_inline bool survives(Call& call)
 {
-    bool survived = false;
     zend_try
     {
         call();
-        survived = true;
+    }
+    zend_catch
+    {
+        return false;
     }
     zend_end_try();
-    return survived;
+    return true;
 }
 
 } // namespace detail

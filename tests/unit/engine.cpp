@@ -1,0 +1,84 @@
+#include "engine.h"
+
+#include "sapi/embed/php_embed.h"
+
+extern zend_module_entry zorvel_module_entry;
+
+namespace engine
+{
+
+namespace
+{
+
+thread_local std::string printed;
+
+size_t print(const char* text, size_t length)
+{
+    printed.append(text, length);
+    return length;
+}
+
+int startWithModule(sapi_module_struct* module)
+{
+    return php_module_startup(module, &zorvel_module_entry);
+}
+
+} // namespace
+
+void start(const char* settings)
+{
+    static const std::string ini = std::string("display_errors=1\nhtml_errors=0\nlog_errors=0\n") + settings + "\n";
+    php_embed_module.startup = startWithModule;
+    php_embed_module.ub_write = print;
+    php_embed_module.php_ini_ignore = 1;
+    php_embed_module.ini_entries = ini.c_str();
+    php_embed_init(0, nullptr);
+    php_request_shutdown(nullptr);
+}
+
+void stop()
+{
+    php_request_startup();
+    php_embed_shutdown();
+}
+
+Request::Request()
+{
+    php_request_startup();
+}
+
+Request::~Request()
+{
+    php_request_shutdown(nullptr);
+}
+
+RequestThread::RequestThread()
+{
+    ts_resource(0);
+}
+
+RequestThread::~RequestThread()
+{
+    ts_free_thread();
+}
+
+std::string run(const std::string& code)
+{
+    printed.clear();
+    zend_try {
+        zend_eval_stringl_ex(code.data(), code.size(), nullptr, "test", true);
+        php_output_flush_all();
+    }
+    zend_end_try();
+    return printed;
+}
+
+zval evaluate(const std::string& expression)
+{
+    zval value;
+    ZVAL_NULL(&value);
+    zend_eval_stringl(expression.data(), expression.size(), &value, "test");
+    return value;
+}
+
+} // namespace engine
