@@ -6,8 +6,8 @@ namespace zorvel
 {
 
 /// The engine gave up in the middle of a call into it: memory_limit, or a fatal error in user code. It
-/// leaves by longjmp, which would run no destructor on its way; guarded() turns that into this exception.
-/// Not a std::exception, so that nothing below the entry function stops it.
+/// leaves by longjmp, which would run no destructor on its way; the guards below turn that into this
+/// exception. Not a std::exception, so that nothing below the entry function stops it.
 struct Bailout {
 };
 
@@ -38,13 +38,21 @@ zend_never_inline bool survives(Call& call)
 
 } // namespace detail
 
-/// Runs a call into the engine that may allocate or run user code; it must own nothing itself.
+/// Runs a call into the engine that allocates but runs no user code. It must own nothing itself.
+/// @throws Bailout
+template <typename Call>
+void catchingBailout(Call call)
+{
+    if (!detail::survives(call))
+        throw Bailout{};
+}
+
+/// Runs a call into the engine that may run user code as well.
 /// @throws Bailout, PendingException
 template <typename Call>
 void guarded(Call call)
 {
-    if (!detail::survives(call))
-        throw Bailout{};
+    catchingBailout(call);
     if (EG(exception) != nullptr)
         throw PendingException{};
 }

@@ -33,7 +33,7 @@ public:
     static StringRef copyOf(std::string_view bytes)
     {
         StringRef copy;
-        guarded([&] { copy = StringRef(zend_string_init(bytes.data(), bytes.size(), false)); });
+        catchingBailout([&] { copy = StringRef(zend_string_init(bytes.data(), bytes.size(), false)); });
         return copy;
     }
 
