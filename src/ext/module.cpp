@@ -7,7 +7,7 @@ namespace
 {
 
 /// Nothing to set up: the module has no state.
-PHP_MINIT_FUNCTION(zorvel)
+zend_result startUp(int, int)
 {
     return SUCCESS;
 }
@@ -25,7 +25,7 @@ zend_module_entry zorvel_module_entry = {
     STANDARD_MODULE_HEADER,
     "zorvel",
     ext_functions,
-    PHP_MINIT(zorvel),
+    startUp,
     nullptr, // module shutdown
     nullptr, // request startup
     nullptr, // request shutdown

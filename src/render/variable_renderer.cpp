@@ -69,7 +69,7 @@ ValueText variableText(Template& tpl, const VariableBlock& block, const zval* da
 {
     const LoopPosition position = findPosition(tpl, block.namespaceName, data);
     if (position.loop == nullptr)
-        return ValueText();
+        return {};
     if (block.outputKey)
         return ValueText(position.loop->currentKey.c_str());
     return ValueText(lookupPath(tpl, block.path, position.start));
