@@ -1,0 +1,71 @@
+<?php
+// The shop's one entry: finds the data of the page asked for and fills its template.
+declare(strict_types=1);
+
+require __DIR__ . '/store.php';
+
+$path = parse_url($_SERVER['REQUEST_URI'], PHP_URL_PATH);
+if (is_file(__DIR__ . "/static$path")) {
+    return false; // PHP's server sends the file as it is
+}
+
+ini_set('display_errors', '0'); // the warning about a broken template goes to the server's log
+set_include_path(__DIR__ . '/templates');
+$store = open_store();
+[$template, $data] = match ($path) {
+    '/' => catalogue($store),
+    '/product' => product($store),
+    '/guestbook' => guestbook($store),
+    default => missing(),
+};
+$page = zorvel($template, $data + ['shop' => shop($store)]);
+if ($page === null) {
+    http_response_code(500);
+}
+echo $page ?? 'This page is out of order.';
+
+function catalogue(PDO $store): array
+{
+    $query = trim((string) filter_input(INPUT_GET, 'query'));
+    return ['catalogue.tpl', [
+        'query' => $query,
+        'searched' => $query !== '',
+        'categories' => categories($store, $query),
+        'news' => rows($store, 'SELECT * FROM news'),
+    ]];
+}
+
+function product(PDO $store): array
+{
+    $found = rows($store, 'SELECT * FROM product WHERE key = ?', (string) filter_input(INPUT_GET, 'item'));
+    if ($found === []) {
+        return missing();
+    }
+    $category = rows($store, 'SELECT * FROM category WHERE key = ?', $found[0]['category'])[0];
+    return ['product.tpl', ['title' => $found[0]['name'], 'product' => $found[0], 'category' => $category]];
+}
+
+function guestbook(PDO $store): array
+{
+    $name = trim((string) filter_input(INPUT_POST, 'name'));
+    $words = trim((string) filter_input(INPUT_POST, 'words'));
+    $posted = $_SERVER['REQUEST_METHOD'] === 'POST';
+    if ($posted && $name !== '' && $words !== '') {
+        insert($store, 'entry', ['name' => $name, 'words' => $words, 'written' => date('j F Y')]);
+        header('Location: guestbook', response_code: 303);
+        exit;
+    }
+    return ['guestbook.tpl', [
+        'title' => 'Guest book',
+        'incomplete' => $posted,
+        'name' => $name,
+        'words' => $words,
+        'entries' => rows($store, 'SELECT * FROM entry'),
+    ]];
+}
+
+function missing(): array
+{
+    http_response_code(404);
+    return ['missing.tpl', ['title' => 'Not here']];
+}

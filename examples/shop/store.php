@@ -1,0 +1,73 @@
+<?php
+// The shop's data: an SQLite file in the system's temporary folder, filled from catalogue.json on first use.
+declare(strict_types=1);
+
+const CATALOGUE = __DIR__ . '/catalogue.json';
+
+function open_store(): PDO
+{
+    $store = new PDO('sqlite:' . sys_get_temp_dir() . '/zorvel-shop-' . hash_file('crc32b', CATALOGUE) . '.sqlite');
+    $store->setAttribute(PDO::ATTR_DEFAULT_FETCH_MODE, PDO::FETCH_ASSOC);
+    $store->exec('BEGIN IMMEDIATE');
+    if ($store->query('PRAGMA user_version')->fetchColumn() === 0) {
+        fill($store, json_decode(file_get_contents(CATALOGUE), true, flags: JSON_THROW_ON_ERROR));
+    }
+    $store->exec('COMMIT');
+    return $store;
+}
+
+function fill(PDO $store, array $catalogue): void
+{
+    $store->exec(file_get_contents(__DIR__ . '/schema.sql'));
+    ['shop' => $shop, 'news' => $news, 'categories' => $categories] = $catalogue;
+    insert($store, 'shop', ['name' => $shop['name'], 'claim' => $shop['claim']]);
+    foreach ($shop['hours'] as $day => $opening) {
+        insert($store, 'hours', ['day' => $day, 'opening' => $opening]);
+    }
+    foreach ($news as $item) {
+        insert($store, 'news', $item);
+    }
+    foreach ($categories as $category) {
+        fill_category($store, $category);
+    }
+}
+
+function fill_category(PDO $store, array $category): void
+{
+    insert($store, 'category', array_diff_key($category, ['products' => true]));
+    foreach ($category['products'] as $product) {
+        insert($store, 'product', $product + ['category' => $category['key']]);
+    }
+}
+
+function insert(PDO $store, string $table, array $row): void
+{
+    $columns = implode(', ', array_keys($row));
+    $marks = implode(', ', array_fill(0, count($row), '?'));
+    $store->prepare("INSERT INTO $table ($columns) VALUES ($marks)")->execute(array_values($row));
+}
+
+/** The rows of a query, without the columns that are null: to a template these are missing. */
+function rows(PDO $store, string $query, string ...$values): array
+{
+    $statement = $store->prepare($query);
+    $statement->execute($values);
+    return array_map(fn (array $row): array => array_filter($row, fn ($value) => $value !== null), $statement->fetchAll());
+}
+
+function shop(PDO $store): array
+{
+    $hours = array_column(rows($store, 'SELECT day, opening FROM hours'), 'opening', 'day');
+    return rows($store, 'SELECT name, claim FROM shop')[0] + ['hours' => $hours];
+}
+
+/** The categories that have a product whose name holds QUERY, each with these products. */
+function categories(PDO $store, string $query): array
+{
+    $search = 'SELECT * FROM product WHERE category = ? AND instr(lower(name), lower(?))';
+    $filled = array_map(
+        fn (array $category): array => $category + ['products' => rows($store, $search, $category['key'], $query)],
+        rows($store, 'SELECT * FROM category'),
+    );
+    return array_values(array_filter($filled, fn (array $category): bool => $category['products'] !== []));
+}

@@ -1,0 +1,20 @@
+<!doctype html>
+<html lang="en">
+<head>
+<meta charset="utf-8">
+<meta name="viewport" content="width=device-width, initial-scale=1">
+<title>{optional title}{htmlspecialchars title} – {/optional}{htmlspecialchars shop::name}</title>
+<link rel="stylesheet" href="shop.css">
+<link rel="icon" href="ink.svg">
+<script src="shop.js"></script>
+</head>
+<body>
+<header>
+  <a class="name" href="./">{htmlspecialchars shop::name}</a>
+  <a href="guestbook">Guest book</a>
+  <form action="./">
+    <input type="search" name="query" value="{htmlspecialchars query}" aria-label="Search">
+    <button>Search</button>
+  </form>
+</header>
+<main>
