@@ -1,0 +1,81 @@
+<?php
+
+declare(strict_types=1);
+
+namespace Zorvel\Bench;
+
+use Composer\InstalledVersions;
+
+/** What can be measured: the engines, and as a floor PHP reading the file or escaping the values, alone. */
+final class Engines
+{
+    private const array CLASSES = [
+        'zorvel' => Engine\Zorvel::class,
+        'zorvel-string' => Engine\ZorvelString::class,
+        'php' => Engine\PlainPhp::class,
+        'twig' => Engine\Twig::class,
+        'latte' => Engine\Latte::class,
+        'smarty' => Engine\Smarty::class,
+        'mustache' => Engine\Mustache::class,
+        'plates' => Engine\Plates::class,
+    ];
+
+    public const array LABELS = [
+        'zorvel' => 'zorvel',
+        'zorvel-string' => 'zorvel, string',
+        'php' => 'PHP',
+        'twig' => 'Twig',
+        'latte' => 'Latte',
+        'smarty' => 'Smarty',
+        'mustache' => 'Mustache',
+        'plates' => 'Plates',
+        'file' => 'read file',
+        'escape' => 'escape only',
+    ];
+
+    /** @return array<string, class-string<Engine>> */
+    public static function installed(): array
+    {
+        return array_filter(self::CLASSES, self::isInstalled(...));
+    }
+
+    /** @return list<string> labels with versions */
+    public static function versions(): array
+    {
+        $peers = array_filter(self::installed(), static fn (string $class): bool => $class::PACKAGE !== null);
+
+        return array_map(
+            static fn (string $id): string =>
+                self::LABELS[$id] . ' ' . InstalledVersions::getPrettyVersion($peers[$id]::PACKAGE),
+            array_keys($peers),
+        );
+    }
+
+    /** @return list<string> labels with package names */
+    public static function missing(): array
+    {
+        $missing = array_diff_key(self::CLASSES, self::installed());
+
+        return array_map(
+            static fn (string $id): string => self::LABELS[$id] . ' (' . $missing[$id]::PACKAGE . ')',
+            array_keys($missing),
+        );
+    }
+
+    public static function label(string $case): string
+    {
+        return self::LABELS[$case];
+    }
+
+    public static function open(string $id): Engine
+    {
+        return new (self::CLASSES[$id])(Templates::folder($id), Templates::compiled($id));
+    }
+
+    /** @param class-string<Engine> $class */
+    private static function isInstalled(string $class): bool
+    {
+        return $class::PACKAGE === null
+            || class_exists(InstalledVersions::class) && InstalledVersions::isInstalled($class::PACKAGE);
+    }
+}
