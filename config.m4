@@ -9,7 +9,7 @@ if test "$PHP_ZORVEL" != "no"; then
 
   zorvel_sources=`cd $ext_srcdir && echo src/*/*.cpp`
   PHP_NEW_EXTENSION([php_zorvel], [$zorvel_sources], [$ext_shared],,
-    [$ZORVEL_STDCXX -fvisibility=hidden -fvisibility-inlines-hidden -I@ext_srcdir@/src], [cxx])
+    [$ZORVEL_STDCXX -fvisibility=hidden -fvisibility-inlines-hidden -I@ext_srcdir@/src -DZEND_ENABLE_STATIC_TSRMLS_CACHE=1], [cxx])
   for zorvel_folder in `cd $ext_srcdir && echo src/*`; do
     PHP_ADD_BUILD_DIR([$ext_builddir/$zorvel_folder], [1])
   done

@@ -2,6 +2,9 @@
 
 #include "php.h"
 
+/// This thread's engine globals, found without a call into the engine each time; set when a call begins.
+ZEND_TSRMLS_CACHE_EXTERN()
+
 namespace zorvel
 {
 

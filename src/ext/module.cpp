@@ -1,7 +1,10 @@
 #include "php.h"
 
+#include "engine/guard.h"
 #include "ext/page.h"
 #include "ext/zorvel_arginfo.h"
+
+ZEND_TSRMLS_CACHE_DEFINE()
 
 namespace
 {
@@ -16,6 +19,7 @@ zend_result startUp(int, int)
 
 PHP_FUNCTION(zorvel)
 {
+    ZEND_TSRMLS_CACHE_UPDATE();
     zorvel::renderPage(INTERNAL_FUNCTION_PARAM_PASSTHRU);
     if (EG(current_execute_data) != execute_data)
         zend_bailout();

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "ext/failure.h"
+#include "parser/blanks.h"
 #include "parser/tag_builders.h"
 #include "source/template.h"
 
@@ -11,8 +12,6 @@ namespace zorvel
 
 namespace
 {
-
-constexpr std::string_view blankCharacters = " \t\r\n\f\v";
 
 struct TagKeyword {
     std::string_view keyword;
@@ -46,8 +45,9 @@ TagInfo classifyTag(std::string_view tagText)
         {"rawurlencode", Rawurlencode},
     }};
 
+    const char first = tagText.empty() ? '\0' : tagText.front();
     for (const auto& [keyword, type] : tagKeywords) {
-        if (tagText.starts_with(keyword))
+        if (keyword.front() == first && tagText.starts_with(keyword))
             return {trimParameter(tagText, keyword.size()), type};
     }
     return {trimParameter(tagText, 0), Variable};
@@ -56,10 +56,13 @@ TagInfo classifyTag(std::string_view tagText)
 std::string trimParameter(std::string_view tagText, std::size_t keywordLength)
 {
     const std::string_view rest = tagText.substr(keywordLength);
-    const std::size_t first = rest.find_first_not_of(blankCharacters);
-    if (first == std::string_view::npos)
+    const std::size_t first = skipBlanks(rest, 0);
+    if (first == rest.size())
         return std::string(rest);
-    return std::string(rest.substr(first, rest.find_last_not_of(blankCharacters) - first + 1));
+    std::size_t end = rest.size();
+    while (isBlank(rest[end - 1]))
+        --end;
+    return std::string(rest.substr(first, end - first));
 }
 
 bool dispatchTag(Template& tpl, BlockList& blocks, std::unique_ptr<TextBlock>& pending, int expectedClose)

@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <memory>
 #include <optional>
 #include <string>
@@ -8,6 +7,7 @@
 #include "blocks/variable_block.h"
 #include "data/value_text.h"
 #include "ext/failure.h"
+#include "parser/blanks.h"
 #include "parser/parameter_path.h"
 #include "parser/tag_builders.h"
 #include "source/template.h"
@@ -20,11 +20,32 @@ namespace
 
 /// What a variable tag's parameter consists of: `a b::c 'default text'`.
 struct Alternatives {
-    std::vector<std::string> words;
+    /// The words, and the blanks around them.
+    std::string_view words;
     std::optional<std::string_view> defaultText;
 };
 
-constexpr std::string_view whitespace = " \t\n\v\f\r";
+/// The words of some alternatives, one at a time.
+class WordCursor
+{
+public:
+    explicit WordCursor(std::string_view words) : words_(words), start_(skipBlanks(words, 0)) {}
+
+    /// @return false behind the last word
+    bool next(std::string_view& word)
+    {
+        if (start_ == words_.size())
+            return false;
+        const std::size_t end = findBlank(words_, start_);
+        word = words_.substr(start_, end - start_);
+        start_ = skipBlanks(words_, end);
+        return true;
+    }
+
+private:
+    std::string_view words_;
+    std::size_t start_;
+};
 
 std::string_view defaultTextAt(const Template& tpl, std::string_view parameter, std::size_t quote)
 {
@@ -33,30 +54,26 @@ std::string_view defaultTextAt(const Template& tpl, std::string_view parameter, 
     return parameter.substr(quote + 1, parameter.size() - quote - 2);
 }
 
+/// The first quote, which has to begin a word, begins the default text.
 Alternatives splitAlternatives(const Template& tpl, std::string_view parameter)
 {
-    Alternatives alternatives;
-    std::size_t start = parameter.find_first_not_of(whitespace);
-    while (start != std::string_view::npos) {
-        if (parameter[start] == '\'') {
-            alternatives.defaultText = defaultTextAt(tpl, parameter, start);
-            break;
-        }
-        const std::size_t end = std::min(parameter.find_first_of(whitespace, start), parameter.size());
-        const std::string_view word = parameter.substr(start, end - start);
-        if (word.find('\'') != std::string_view::npos)
-            throwError(message::BadVariable, parameter, message::QuoteInWord, tpl.fileNames.back());
-        alternatives.words.emplace_back(word);
-        start = parameter.find_first_not_of(whitespace, end);
-    }
-    return alternatives;
+    const std::size_t quote = parameter.find('\'');
+    if (quote == std::string_view::npos)
+        return {parameter, {}};
+    if (quote > 0 && !isBlank(parameter[quote - 1]))
+        throwError(message::BadVariable, parameter, message::QuoteInWord, tpl.fileNames.back());
+    return {parameter.substr(0, quote), defaultTextAt(tpl, parameter, quote)};
 }
 
-std::unique_ptr<Block> buildBlock(Alternatives alternatives)
+std::unique_ptr<Block> buildBlock(const Alternatives& alternatives)
 {
+    std::vector<std::string> candidates;
+    WordCursor words(alternatives.words);
+    for (std::string_view word; words.next(word);)
+        candidates.emplace_back(word);
     if (!alternatives.defaultText)
-        return std::make_unique<MultiVariableBlock>(std::move(alternatives.words));
-    return std::make_unique<MultiVariableBlock>(std::move(alternatives.words),
+        return std::make_unique<MultiVariableBlock>(std::move(candidates));
+    return std::make_unique<MultiVariableBlock>(std::move(candidates),
                                                 std::string(*alternatives.defaultText));
 }
 
@@ -65,8 +82,9 @@ std::unique_ptr<Block> buildBlock(Alternatives alternatives)
 void parseVariableTag(Template& tpl, BlockList& blocks, std::unique_ptr<TextBlock>& pending,
                       std::string_view parameter)
 {
-    Alternatives alternatives = splitAlternatives(tpl, parameter);
-    for (const std::string& word : alternatives.words) {
+    const Alternatives alternatives = splitAlternatives(tpl, parameter);
+    WordCursor words(alternatives.words);
+    for (std::string_view word; words.next(word);) {
         const ParameterView resolved = resolveView(tpl, word);
         if (resolved.status == ParamStatus::Found) {
             pending->text += ValueText(resolved.value).view();
@@ -74,7 +92,7 @@ void parseVariableTag(Template& tpl, BlockList& blocks, std::unique_ptr<TextBloc
         }
         if (resolved.status != ParamStatus::NotFound) {
             Template::flushText(blocks, pending);
-            blocks.push_back(buildBlock(std::move(alternatives)));
+            blocks.push_back(buildBlock(alternatives));
             return;
         }
     }

@@ -19,6 +19,7 @@ Template::Template(std::string source, TemplateInput* callInput, bool inMemory)
 void Template::parse()
 {
     auto pending = std::make_unique<TextBlock>();
+    pending->text.reserve(READ_CHUNK_SIZE);
     parseBlocks(blocks, pending, 0);
 }
 
