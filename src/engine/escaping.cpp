@@ -1,5 +1,8 @@
 #include "engine/escaping.h"
 
+#include <algorithm>
+#include <iterator>
+
 // These headers leave the language linkage of their functions to whoever includes them.
 BEGIN_EXTERN_C()
 #include "ext/standard/html.h"
@@ -73,12 +76,12 @@ const Escaping htmlspecialcharsEscaping{htmlspecialchars,
                                         bytesFor([](unsigned char byte) { return !isSpecial(byte); })};
 const Escaping rawurlencodeEscaping{rawurlencode, bytesFor(isUnreserved)};
 
-std::size_t findUnsafe(const Escaping& escaping, std::string_view text)
+std::string_view unsafePart(const Escaping& escaping, std::string_view text)
 {
-    std::size_t index = 0;
-    while (index < text.size() && escaping.keeps[static_cast<unsigned char>(text[index])])
-        ++index;
-    return index;
+    const auto isUnsafe = [&](char c) { return !escaping.keeps[static_cast<unsigned char>(c)]; };
+    const auto first = std::find_if(text.begin(), text.end(), isUnsafe);
+    const auto behindLast = std::find_if(text.rbegin(), std::make_reverse_iterator(first), isUnsafe).base();
+    return {first, behindLast};
 }
 
 StringRef escape(const Escaping& escaping, std::string_view text, const char* charset)

@@ -27,8 +27,9 @@ extern const Escaping htmlspecialcharsEscaping;
 /// Every byte but ASCII letters, digits and - _ . ~ as % and two hexadecimal digits.
 extern const Escaping rawurlencodeEscaping;
 
-/// The first byte of ISO-8859-1 text that would not be left as it is; the text's size when there is none.
-std::size_t findUnsafe(const Escaping& escaping, std::string_view text);
+/// The bytes of ISO-8859-1 text from the first to the last that would not be left as it is; empty when every
+/// byte would be. What stands before and behind them needs no escaping, whatever they become.
+std::string_view unsafePart(const Escaping& escaping, std::string_view text);
 
 /// @throws Bailout when memory_limit is reached, PendingException when an error handler throws
 StringRef escape(const Escaping& escaping, std::string_view text, const char* charset);

@@ -84,13 +84,13 @@ void renderMultiVariable(Template& tpl, MultiVariableBlock& block, std::string& 
 void renderEscaped(Template& tpl, VariableBlock& block, std::string& out, const zval* data,
                    const Escaping& escaping)
 {
-    const ValueText text = variableText(tpl, block, data);
-    if (!text)
-        return;
-    if (findUnsafe(escaping, text.view()) == text.view().size())
-        out += text.view();
-    else
-        out += escape(escaping, text.view(), "ISO-8859-1").text();
+    const ValueText value = variableText(tpl, block, data);
+    const std::string_view text = value.view();
+    const std::string_view unsafe = unsafePart(escaping, text);
+    out.append(text.data(), unsafe.data());
+    if (!unsafe.empty())
+        out += escape(escaping, unsafe, "ISO-8859-1").text();
+    out.append(unsafe.data() + unsafe.size(), text.data() + text.size());
 }
 
 } // namespace zorvel

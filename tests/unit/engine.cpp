@@ -27,7 +27,8 @@ int startWithModule(sapi_module_struct* module)
 
 void start(const char* settings)
 {
-    static const std::string ini = std::string("display_errors=1\nhtml_errors=0\nlog_errors=0\n") + settings + "\n";
+    static const std::string ini =
+        std::string("display_errors=1\nhtml_errors=0\nlog_errors=0\n") + settings + "\n";
     php_embed_module.startup = startWithModule;
     php_embed_module.ub_write = print;
     php_embed_module.php_ini_ignore = 1;
@@ -65,7 +66,8 @@ RequestThread::~RequestThread()
 std::string run(const std::string& code)
 {
     printed.clear();
-    zend_try {
+    zend_try
+    {
         zend_eval_stringl_ex(code.data(), code.size(), nullptr, "test", true);
         php_output_flush_all();
     }
