@@ -1,6 +1,7 @@
 #include "render/section_renderer.h"
 
-#include <charconv>
+#include <algorithm>
+#include <cstddef>
 
 #include "data/path_lookup.h"
 #include "parser/visibility.h"
@@ -36,6 +37,33 @@ const zval* findWalked(Template& tpl, const DynamicBlock& block, const zval* dat
     const zval* num = zend_hash_str_find(Z_ARRVAL_P(value), ZEND_STRL("num"));
     return num != nullptr ? num : value;
 }
+
+/// Reserves room for what a loop has still to append, judged by what its elements have appended so far: each
+/// growth of a large string maps, copies and unmaps its pages. Judged anew each time the number of elements
+/// has doubled, and never for more than a few times the present output, as the first elements may mislead.
+class OutputEstimate
+{
+public:
+    OutputEstimate(const std::string& out, std::size_t total) : start_(out.size()), total_(total) {}
+
+    void reserveAfterElement(std::string& out)
+    {
+        if (++done_ != next_ || done_ >= total_)
+            return;
+        next_ *= 2;
+        const std::size_t expected = (out.size() - start_) / done_ * (total_ - done_);
+        out.reserve(std::min(out.size() + expected + expected / slack, out.size() * maxGrowth));
+    }
+
+private:
+    static constexpr std::size_t maxGrowth = 32;
+    static constexpr std::size_t slack = 16;
+
+    const std::size_t start_;
+    const std::size_t total_;
+    std::size_t done_ = 0;
+    std::size_t next_ = 16;
+};
 
 } // namespace
 
@@ -74,10 +102,12 @@ void renderDynamic(Template& tpl, DynamicBlock& block, std::string& out, const z
     if (walked == nullptr)
         return;
     TableWalk walk(walked, reverse);
+    OutputEstimate estimate(out, walk.size());
     tpl.dynamicStack.push_back(&block);
     while (const zval* element = walk.next(block.currentKey)) {
         block.currentValue = element;
         renderBlocks(tpl, block.children, out, element);
+        estimate.reserveAfterElement(out);
     }
     tpl.dynamicStack.pop_back();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 #include "php.h"
@@ -17,6 +18,9 @@ class TableWalk
 public:
     /// @throws Bailout, PendingException from an object that makes its properties on demand
     TableWalk(const zval* value, bool reverse);
+
+    /// The number of elements, uninitialised properties counted.
+    std::size_t size() const { return table_.get() != nullptr ? zend_hash_num_elements(table_.get()) : 0; }
 
     /// @param key becomes the element's key as text: a string key whole, an integer key as the decimal form
     /// of
