@@ -53,12 +53,16 @@ RendererEntry filterEntry(const Escaping& escaping)
             }};
 }
 
+/// A binary search that never leaves its loop early: ten entries take four steps, without a branch to predict.
 const BlockRenderer* findRenderer(const std::vector<RendererEntry>& table, std::int32_t type)
 {
-    const auto entry = std::lower_bound(
-        table.begin(), table.end(), type,
-        [](const RendererEntry& candidate, std::int32_t code) { return candidate.type < code; });
-    return entry != table.end() && entry->type == type ? &entry->renderer : nullptr;
+    const RendererEntry* entry = table.data();
+    for (std::size_t left = table.size(); left > 1;) {
+        const std::size_t half = left / 2;
+        entry += entry[half].type <= type ? half : 0;
+        left -= half;
+    }
+    return entry->type == type ? &entry->renderer : nullptr;
 }
 
 } // namespace

@@ -87,10 +87,11 @@ void renderEscaped(Template& tpl, VariableBlock& block, std::string& out, const 
     const ValueText value = variableText(tpl, block, data);
     const std::string_view text = value.view();
     const std::string_view unsafe = unsafePart(escaping, text);
-    out.append(text.data(), unsafe.data());
+    const auto start = static_cast<std::size_t>(unsafe.data() - text.data());
+    out += text.substr(0, start);
     if (!unsafe.empty())
         out += escape(escaping, unsafe, "ISO-8859-1").text();
-    out.append(unsafe.data() + unsafe.size(), text.data() + text.size());
+    out += text.substr(start + unsafe.size());
 }
 
 } // namespace zorvel

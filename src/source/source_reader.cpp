@@ -102,8 +102,9 @@ void SourceReader::scanPlain(std::string& out, State& state)
     const char* const start = buffer.data() + pos;
     const char* const end = buffer.data() + buffer.size();
     const char* const brace = findBrace(start, end);
-    out.append(start, brace);
-    pos += static_cast<std::size_t>(brace - start);
+    const auto length = static_cast<std::size_t>(brace - start);
+    out.append(start, length);
+    pos += length;
     if (brace == end)
         return;
     ++pos;

@@ -75,6 +75,15 @@ std::string run(const std::string& code)
     return printed;
 }
 
+std::string request(const std::string& code)
+{
+    {
+        const Request request;
+        run(code);
+    }
+    return printed;
+}
+
 zval evaluate(const std::string& expression)
 {
     zval value;

@@ -37,6 +37,10 @@ public:
 /// @return what it printed, fatal errors included
 std::string run(const std::string& code);
 
+/// Runs PHP code as a request of its own.
+/// @return what it printed, shutdown functions and destructors included
+std::string request(const std::string& code);
+
 /// The value of a PHP expression; the caller's to destroy.
 zval evaluate(const std::string& expression);
 
