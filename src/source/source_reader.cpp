@@ -16,6 +16,15 @@ bool isBlank(char c)
     return c == ' ' || c == '\t' || c == '\n' || c == '\r';
 }
 
+/// Room for the next chunk of a long text. Large strings grow in few steps: each of them maps, faults in and
+/// unmaps its pages, while what is reserved and never written costs nothing.
+void reserveForChunk(std::string& out)
+{
+    constexpr std::size_t growth = 8;
+    if (out.capacity() - out.size() < READ_CHUNK_SIZE)
+        out.reserve(out.size() * growth);
+}
+
 const char* findByte(const char* from, const char* end, char byte)
 {
     const void* found = std::memchr(from, byte, static_cast<std::size_t>(end - from));
@@ -58,14 +67,21 @@ bool SourceReader::atEnd() const
 bool SourceReader::readUntil(std::string& out, char delimiter)
 {
     State state = State::Plain;
-    do {
-        if (scan(out, delimiter == '}', state))
-            return true;
-    } while (fill());
+    while (!scan(out, delimiter == '}', state)) {
+        if (!fill()) {
+            appendLastBrace(out, state);
+            return false;
+        }
+        reserveForChunk(out);
+    }
+    return true;
+}
 
+/// A brace that the input ends with is literal.
+void SourceReader::appendLastBrace(std::string& out, State state)
+{
     if (state != State::Plain)
         out += state == State::AfterOpen ? '{' : '}';
-    return false;
 }
 
 /// Scans what is left of the buffer.
