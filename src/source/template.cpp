@@ -46,6 +46,8 @@ void Template::flushText(BlockList& list, std::unique_ptr<TextBlock>& pending)
 
 std::string Template::render()
 {
+    if (blocks.size() == 1 && blocks.front() != nullptr && blocks.front()->type == Text)
+        return std::move(static_cast<TextBlock&>(*blocks.front()).text);
     std::string out;
     renderBlocks(*this, blocks, out, nullptr);
     return out;
