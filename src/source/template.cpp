@@ -10,6 +10,14 @@
 namespace zorvel
 {
 
+namespace
+{
+
+/// Room for the text between two tags, in place of the first few growths.
+constexpr std::size_t TEXT_RESERVE = 240;
+
+} // namespace
+
 Template::Template(std::string source, TemplateInput* callInput, bool inMemory)
     : input(callInput), reader(source, inMemory), stringMode(inMemory)
 {
@@ -42,6 +50,7 @@ void Template::flushText(BlockList& list, std::unique_ptr<TextBlock>& pending)
         return;
     list.push_back(std::move(pending));
     pending = std::make_unique<TextBlock>();
+    pending->text.reserve(TEXT_RESERVE);
 }
 
 std::string Template::render()
@@ -49,6 +58,7 @@ std::string Template::render()
     if (blocks.size() == 1 && blocks.front() != nullptr && blocks.front()->type == Text)
         return std::move(static_cast<TextBlock&>(*blocks.front()).text);
     std::string out;
+    out.reserve(READ_CHUNK_SIZE);
     renderBlocks(*this, blocks, out, nullptr);
     return out;
 }

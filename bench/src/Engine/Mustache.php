@@ -41,7 +41,7 @@ final class Mustache implements Engine
 
     public static function tag(string ...$keys): string
     {
-        return '{{{' . implode('.', $keys) . '}}}';
+        return '{{' . implode('.', $keys) . '}}';
     }
 
     public static function includeTag(string $template): string

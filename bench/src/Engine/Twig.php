@@ -35,7 +35,7 @@ final class Twig implements Engine
 
     public static function tag(string ...$keys): string
     {
-        return '{{ ' . implode('.', $keys) . '|raw }}';
+        return '{{ ' . implode('.', $keys) . ' }}';
     }
 
     public static function includeTag(string $template): string
