@@ -5,6 +5,8 @@ PHP_ARG_ENABLE([zorvel],
 
 if test "$PHP_ZORVEL" != "no"; then
   PHP_REQUIRE_CXX
+  dnl Pages are made in small functions across many files; -O3 saves an eighth of their instructions.
+  AS_VAR_IF([ac_test_CXXFLAGS], [y],, [CXXFLAGS="-g -O3"])
   PHP_CXX_COMPILE_STDCXX([20], [mandatory], [ZORVEL_STDCXX])
 
   zorvel_sources=`cd $ext_srcdir && echo src/*/*.cpp`

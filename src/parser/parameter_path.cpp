@@ -1,5 +1,7 @@
 #include "parser/parameter_path.h"
 
+#include <algorithm>
+
 #include "data/path_lookup.h"
 #include "ext/failure.h"
 #include "source/template.h"
@@ -40,10 +42,20 @@ ParamStatus statusOf(std::string_view segment, bool first)
     return segment == "*" || (first && segment == ".*") ? ParamStatus::LoopValue : ParamStatus::Found;
 }
 
+/// The last "::" that starts before `end`; npos when there is none.
+std::size_t findLastSeparator(std::string_view text, std::size_t end)
+{
+    for (std::size_t start = std::min(end, text.size()); start-- > 0;) {
+        if (text[start] == ':' && start + 1 < text.size() && text[start + 1] == ':')
+            return start;
+    }
+    return std::string_view::npos;
+}
+
 ParameterView SegmentReader::read()
 {
     std::size_t end = parameter_.size();
-    std::size_t separator = parameter_.rfind("::");
+    std::size_t separator = findLastSeparator(parameter_, end);
     while (separator != std::string_view::npos) {
         const std::size_t begin = separator + 2;
         if (begin >= end)
@@ -52,7 +64,7 @@ ParameterView SegmentReader::read()
         if (separator == 0)
             throwError(message::BadPath, parameter_, message::TooManyColons, source_);
         end = separator;
-        separator = parameter_.rfind("::", end - 1);
+        separator = findLastSeparator(parameter_, end);
     }
     take(parameter_.substr(0, end), true);
     return view_;
