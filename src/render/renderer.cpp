@@ -53,7 +53,8 @@ RendererEntry filterEntry(const Escaping& escaping)
             }};
 }
 
-/// A binary search that never leaves its loop early: ten entries take four steps, without a branch to predict.
+/// A binary search that never leaves its loop early: ten entries take four steps, without a branch to
+/// predict.
 const BlockRenderer* findRenderer(const std::vector<RendererEntry>& table, std::int32_t type)
 {
     const RendererEntry* entry = table.data();

@@ -46,8 +46,8 @@ public:
     /// that text and tags keep their order.
     static void flushText(BlockList& list, std::unique_ptr<TextBlock>& pending);
 
-    /// The page. To be called once: a page that parsing has settled to a single text is moved out of its block,
-    /// since copies of large texts cost more in page faults than all parsing.
+    /// The page. To be called once: a page that parsing has settled to a single text is moved out of its
+    /// block, since copies of large texts cost more in page faults than all parsing.
     std::string render();
 
     /// The top-level blocks. Empty in an included file's template.
