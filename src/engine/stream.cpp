@@ -48,7 +48,7 @@ bool Stream::atEnd() const
 std::size_t Stream::read(char* buffer, std::size_t size)
 {
     ssize_t count = 0;
-    guarded([&] { count = php_stream_read(get(), buffer, size); });
+    guarded([&] { count = get() != nullptr ? php_stream_read(get(), buffer, size) : 0; });
     return static_cast<std::size_t>(std::max<ssize_t>(count, 0));
 }
 

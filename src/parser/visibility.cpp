@@ -30,7 +30,7 @@ std::string_view unquote(std::string_view text)
 {
     const std::size_t first = text.find('\'');
     const std::size_t last = text.rfind('\'');
-    return last > first && first != std::string_view::npos ? text.substr(first + 1, last - first - 1) : text;
+    return last > first ? text.substr(first + 1, last - first - 1) : text;
 }
 
 /// The number that a text begins with; 0 when it begins with none or with one beyond 64 bits.

@@ -7,6 +7,7 @@
 #include "parser/visibility.h"
 #include "render/renderer.h"
 #include "render/table_walk.h"
+#include "source/reserve_ahead.h"
 #include "source/template.h"
 
 namespace zorvel
@@ -38,9 +39,8 @@ const zval* findWalked(Template& tpl, const DynamicBlock& block, const zval* dat
     return num != nullptr ? num : value;
 }
 
-/// Reserves room for what a loop has still to append, judged by what its elements have appended so far: each
-/// growth of a large string maps, copies and unmaps its pages. Judged anew each time the number of elements
-/// has doubled, and never for more than a few times the present output, as the first elements may mislead.
+/// Reserves room for what a loop has still to append, judged by what its elements have appended so far;
+/// judged anew each time their number has doubled, and never for many times the present output.
 class OutputEstimate
 {
 public:
@@ -52,7 +52,7 @@ public:
             return;
         next_ *= 2;
         const std::size_t expected = (out.size() - start_) / done_ * (total_ - done_);
-        out.reserve(std::min(out.size() + expected + expected / slack, out.size() * maxGrowth));
+        reserveAhead(out, std::min(expected + expected / slack, out.size() * maxGrowth));
     }
 
 private:

@@ -22,9 +22,8 @@ public:
     /// The number of elements, uninitialised properties counted.
     std::size_t size() const { return table_.get() != nullptr ? zend_hash_num_elements(table_.get()) : 0; }
 
-    /// @param key becomes the element's key as text: a string key whole, an integer key as the decimal form
-    /// of
-    ///        its 64 bits read as unsigned
+    /// @param key becomes the element's key as text: a string key whole, an integer key as the decimal
+    ///        form of its 64 bits read as unsigned
     /// @return the next element; null behind the last
     const zval* next(std::string& key);
 

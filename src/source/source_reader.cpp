@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "ext/failure.h"
+#include "source/reserve_ahead.h"
 
 namespace zorvel
 {
@@ -11,18 +12,16 @@ namespace zorvel
 namespace
 {
 
-bool isBlank(char c)
+bool isBlankAfterBrace(char c)
 {
     return c == ' ' || c == '\t' || c == '\n' || c == '\r';
 }
 
-/// Room for the next chunk of a long text. Large strings grow in few steps: each of them maps, faults in and
-/// unmaps its pages, while what is reserved and never written costs nothing.
 void reserveForChunk(std::string& out)
 {
-    constexpr std::size_t growth = 8;
+    constexpr std::size_t growth = 7;
     if (out.capacity() - out.size() < READ_CHUNK_SIZE)
-        out.reserve(out.size() * growth);
+        reserveAhead(out, out.size() * growth);
 }
 
 const char* findByte(const char* from, const char* end, char byte)
@@ -96,7 +95,7 @@ bool SourceReader::scan(std::string& out, bool inTag, State& state)
                 return true;
             break;
         case State::AfterOpen:
-            if (!inTag && buffer[pos] != '{' && !isBlank(buffer[pos]))
+            if (!inTag && buffer[pos] != '{' && !isBlankAfterBrace(buffer[pos]))
                 return true;
             takeByteAfterOpen(out);
             state = State::Plain;
