@@ -1,0 +1,27 @@
+--TEST--
+Large, deep and binary input, and user code that interferes
+--FILE--
+<?php require __DIR__ . '/table.inc';
+class Emptier { public function __toString(): string { return count($GLOBALS['shared'] = []) . 'x'; } }
+class Thrower { public function __toString(): string { throw new Exception; } }
+$bytes = str_repeat("\xC3\xA9<\xFF", 1 << 18);
+$deep = json_decode(str_repeat('{"s": [', 200) . '"leaf"' . str_repeat(']}', 200), true);
+table(['d' => $deep], [
+    "$bytes\0" . '{' . $bytes => "$bytes\0" . '{' . $bytes . '}',
+    '{dynamic d::s}' . str_repeat('{dynamic *::s}', 199) . '{*}' . str_repeat('{/dynamic}', 200) => 'leaf',
+    str_repeat('{optional d}{!optional x}', 100) . 'x' . str_repeat('{/optional}', 200) => 'x',
+    str_repeat('}}{{', 1 << 18) . str_repeat('}', 1 << 20) => str_repeat('}{', 1 << 18) . str_repeat('}', 1 << 19),
+    'deep.tpl' => ['Template is nested too deeply in '],
+], ['deep.tpl' => str_repeat('{optional d}', 1 << 18)]);
+$many = range(1, 100_000);
+check('many', zorvel('{rdynamic l}{*},{/rdynamic}', ['l' => $many], true), implode(',', array_reverse($many)) . ',');
+check('large', zorvel('{v}{dynamic l}{htmlentities *}{/dynamic}', ['v' => $bytes, 'l' => [$bytes]], true),
+    $bytes . htmlentities($bytes, ENT_COMPAT, 'ISO-8859-1'));
+$shared = [new Emptier, str_repeat('y', 3), 'z'];
+check('emptied', observed(fn () => zorvel('{dynamic l}{*}{/dynamic}{l}', ['l' => &$shared], true)), ['0xyyyzArray']);
+foreach (['{l::o}', '{dynamic l}{*}{/dynamic}', '{dynamic l}{htmlentities *}{/dynamic}'] as $template)
+    check($template, observed(fn () => zorvel($template, ['l' => ['o' => new Thrower]], true)), [Exception::class]);
+$thrower = fn () => set_error_handler(fn () => throw new Exception);
+check('thrown', observed(fn () => [$thrower(), zorvel('{/optional}', [], true)]), [Exception::class]);
+--EXPECT--
+5 cases
