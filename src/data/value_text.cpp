@@ -21,7 +21,7 @@ ValueText::ValueText(const zval* value) : exists_(value != nullptr)
 
 void ValueText::convert(const zval* value)
 {
-    ZVAL_COPY(converted_.get(), value);
+    converted_.hold(value);
     guarded([this] { _convert_to_string(converted_.get()); });
     view_ = Z_STRVAL_P(converted_.get());
 }

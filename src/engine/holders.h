@@ -47,13 +47,12 @@ private:
     zend_string* string_ = nullptr;
 };
 
-/// A private copy of a value, as the engine copies one: it shares an array, object or string by its
-/// reference count. While it lives, whoever writes to that array has to separate from it first.
+/// Holds a private copy of a value, as the engine copies one: it shares an array, object or string by its
+/// reference count. Undefined until it holds one.
 class ValueRef
 {
 public:
     ValueRef() { ZVAL_UNDEF(&value_); }
-    explicit ValueRef(const zval* value) { ZVAL_COPY(&value_, value); }
     ValueRef(const ValueRef&) = delete;
     ValueRef& operator=(const ValueRef&) = delete;
     ~ValueRef()
@@ -66,8 +65,9 @@ public:
             guardedNoThrow([this] { zval_ptr_dtor(&value_); });
     }
 
+    /// To be called once.
+    void hold(const zval* value) { ZVAL_COPY(&value_, value); }
     zval* get() { return &value_; }
-    const zval* get() const { return &value_; }
 
 private:
     zval value_;

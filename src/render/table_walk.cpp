@@ -13,7 +13,7 @@ TableWalk::TableWalk(const zval* value, bool reverse) : reverse_(reverse)
     if (Z_TYPE_P(value) == IS_ARRAY) {
         table_ = TableRef(Z_ARRVAL_P(value));
     } else if (Z_TYPE_P(value) == IS_OBJECT) {
-        ZVAL_COPY(object_.get(), value);
+        object_.hold(value);
         table_ = TableRef(propertiesOf(object_.get()));
     }
     if (table_.get() == nullptr)

@@ -2,6 +2,8 @@
 
 #include "sapi/embed/php_embed.h"
 
+#include "engine/guard.h"
+
 extern zend_module_entry zorvel_module_entry;
 
 namespace engine
@@ -34,6 +36,7 @@ void start(const char* settings)
     php_embed_module.php_ini_ignore = 1;
     php_embed_module.ini_entries = ini.c_str();
     php_embed_init(0, nullptr);
+    ZEND_TSRMLS_CACHE_UPDATE();
     php_request_shutdown(nullptr);
 }
 
@@ -56,6 +59,7 @@ Request::~Request()
 RequestThread::RequestThread()
 {
     ts_resource(0);
+    ZEND_TSRMLS_CACHE_UPDATE();
 }
 
 RequestThread::~RequestThread()
