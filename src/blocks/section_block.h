@@ -74,8 +74,7 @@ enum class OptionalMode : std::uint32_t {
 class OptionalBlock final : public SubBlock
 {
 public:
-    OptionalBlock(std::string loopName, std::deque<std::string> keys, OptionalMode how, std::string text,
-                  bool negated)
+    OptionalBlock(std::string loopName, std::deque<std::string> keys, OptionalMode how, std::string text, bool negated)
         : SubBlock(negated ? NotOptional : Optional, std::move(loopName), std::move(keys)),
           mode(how),
           compareText(std::move(text))

@@ -35,15 +35,11 @@ protected:
 class MultiVariableBlock final : public VariableBlock
 {
 public:
-    explicit MultiVariableBlock(std::vector<std::string> words)
-        : VariableBlock(Variable), candidates(std::move(words))
+    explicit MultiVariableBlock(std::vector<std::string> words) : VariableBlock(Variable), candidates(std::move(words))
     {
     }
     MultiVariableBlock(std::vector<std::string> words, std::string fallback)
-        : VariableBlock(Variable),
-          candidates(std::move(words)),
-          defaultText(std::move(fallback)),
-          hasDefault(true)
+        : VariableBlock(Variable), candidates(std::move(words)), defaultText(std::move(fallback)), hasDefault(true)
     {
     }
 

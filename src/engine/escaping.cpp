@@ -70,8 +70,8 @@ constexpr std::array<bool, 256> bytesFor(Predicate holds)
 const Escaping addslashesEscaping{addslashes, bytesFor([](unsigned char byte) {
                                       return byte != '\'' && byte != '"' && byte != '\\' && byte != '\0';
                                   })};
-const Escaping htmlentitiesEscaping{
-    htmlentities, bytesFor([](unsigned char byte) { return byte < 0xA0 && !isSpecial(byte); })};
+const Escaping htmlentitiesEscaping{htmlentities,
+                                    bytesFor([](unsigned char byte) { return byte < 0xA0 && !isSpecial(byte); })};
 const Escaping htmlspecialcharsEscaping{htmlspecialchars,
                                         bytesFor([](unsigned char byte) { return !isSpecial(byte); })};
 const Escaping rawurlencodeEscaping{rawurlencode, bytesFor(isUnreserved)};

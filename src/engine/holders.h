@@ -84,6 +84,13 @@ public:
         if (table_ != nullptr)
             GC_TRY_ADDREF(table_);
     }
+    /// @param table a new table, of which this holder becomes the owner
+    static TableRef owning(HashTable* table)
+    {
+        TableRef ref;
+        ref.table_ = table;
+        return ref;
+    }
     TableRef(TableRef&& other) noexcept : table_(std::exchange(other.table_, nullptr)) {}
     TableRef& operator=(TableRef&& other) noexcept
     {

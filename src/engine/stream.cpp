@@ -13,17 +13,28 @@ void Stream::hold(php_stream* opened)
 {
     resource_ = opened->res;
     GC_ADDREF(resource_);
+    opened->flags |= PHP_STREAM_FLAG_NO_FCLOSE | PHP_STREAM_FLAG_SUPPRESS_ERRORS;
 }
 
 Stream::~Stream()
 {
     if (resource_ == nullptr)
         return;
-    guardedNoThrow([this] {
-        if (php_stream* stream = get())
-            php_stream_free(stream, PHP_STREAM_FREE_CLOSE);
-    });
+    guardedNoThrow([this] { free(); });
     guardedNoThrow([this] { zend_list_delete(resource_); });
+}
+
+void Stream::close()
+{
+    if (resource_ == nullptr)
+        return;
+    guarded([this] { free(); });
+}
+
+void Stream::free()
+{
+    if (php_stream* stream = get())
+        php_stream_free(stream, PHP_STREAM_FREE_CLOSE);
 }
 
 Stream Stream::open(const std::string& name)

@@ -38,7 +38,12 @@ public:
     /// @throws Bailout, PendingException from a userland stream wrapper
     std::size_t read(char* buffer, std::size_t size);
 
+    /// Closes it ahead of the destructor, which has to keep to itself what goes wrong.
+    /// @throws Bailout, PendingException from a userland stream wrapper
+    void close();
+
 private:
+    void free();
     void hold(php_stream* opened);
     /// The stream, or null when it has been closed behind our back.
     php_stream* get() const { return static_cast<php_stream*>(resource_->ptr); }

@@ -6,8 +6,7 @@
 namespace zorvel
 {
 
-void throwError(std::string_view piece, std::string_view second, std::string_view third,
-                std::string_view fourth)
+void throwError(std::string_view piece, std::string_view second, std::string_view third, std::string_view fourth)
 {
     std::string text;
     text.reserve(piece.size() + second.size() + third.size() + fourth.size());

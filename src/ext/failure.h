@@ -7,8 +7,8 @@ namespace zorvel
 
 /// Composes the pieces, in order and with nothing in between, into the complete message of a failure.
 /// @throws std::runtime_error with that message, always
-[[noreturn]] void throwError(std::string_view piece, std::string_view second = {},
-                             std::string_view third = {}, std::string_view fourth = {});
+[[noreturn]] void throwError(std::string_view piece, std::string_view second = {}, std::string_view third = {},
+                             std::string_view fourth = {});
 
 /// The wording of every failure. A head that ends in an apostrophe is followed by the parameter as written
 /// and a tail; one that ends in " in " by the name of the source.

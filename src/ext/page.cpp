@@ -60,16 +60,27 @@ StringRef failureOf(Call call)
     return message;
 }
 
-/// Bad arguments have left an exception of the engine's own, which would keep the warning from error
-/// handlers.
+/// Bad arguments have left an exception of the engine's own, which would keep the warning from error handlers:
+/// it is put aside meanwhile, and for good when the handler bails out, for shutdown functions to run. Not with
+/// zend_exception_save, since autoloading in a handler would restore it.
 void warn(const StringRef& message)
 {
-    const bool pending = EG(exception) != nullptr;
-    if (pending)
-        zend_exception_save();
+    zend_object* const pending = std::exchange(EG(exception), nullptr);
     guardedNoThrow([&] { zend_error(E_WARNING, "%s", ZSTR_VAL(message.get())); });
-    if (pending)
-        zend_exception_restore();
+    if (pending == nullptr || EG(current_execute_data) == nullptr)
+        return;
+    if (EG(exception) != nullptr)
+        zend_exception_set_previous(EG(exception), pending);
+    else
+        EG(exception) = pending;
+}
+
+/// Not after a bailout, and not beside an exception of user code's; one that refuses the arguments is the engine's.
+bool isToBeReported(const zend_execute_data* execute_data)
+{
+    if (EG(current_execute_data) != execute_data)
+        return false;
+    return EG(exception) == nullptr || instanceof_function(EG(exception)->ce, zend_ce_type_error);
 }
 
 } // namespace
@@ -78,15 +89,14 @@ void renderPage(zend_execute_data* execute_data, zval* return_value)
 {
     RETVAL_NULL();
     Arguments arguments;
-    const bool valid =
-        zend_parse_parameters(ZEND_NUM_ARGS(), "sa|b", &arguments.fileName, &arguments.fileNameLength,
-                              &arguments.userData, &arguments.stringMode) == SUCCESS;
+    const bool valid = zend_parse_parameters(ZEND_NUM_ARGS(), "sa|b", &arguments.fileName, &arguments.fileNameLength,
+                                             &arguments.userData, &arguments.stringMode) == SUCCESS;
     const StringRef failure = failureOf([&] {
         if (!valid)
             throwError(message::BadArguments);
         RETVAL_STR(page(arguments).release());
     });
-    if (failure)
+    if (failure && isToBeReported(execute_data))
         warn(failure);
 }
 

@@ -33,9 +33,9 @@ void checkNamespace(const Template& tpl, const LoopParameter& loop)
 {
     if (loop.name.empty())
         return;
-    const bool used =
-        std::any_of(tpl.dynamicStack.begin(), tpl.dynamicStack.end(),
-                    [&](const DynamicBlock* enclosing) { return enclosing->declaredNamespace == loop.name; });
+    const bool used = std::any_of(tpl.dynamicStack.begin(), tpl.dynamicStack.end(), [&](const DynamicBlock* enclosing) {
+        return enclosing->declaredNamespace == loop.name;
+    });
     if (used)
         throwError(message::BadDynamic, loop.path, message::NamespaceUsed, tpl.fileNames.back());
 }
@@ -71,8 +71,8 @@ std::unique_ptr<DynamicBlock> buildBlock(Template& tpl, const LoopParameter& loo
 
 } // namespace
 
-void parseDynamicTag(Template& tpl, BlockList& blocks, std::unique_ptr<TextBlock>& pending,
-                     std::string_view parameter, bool reverse)
+void parseDynamicTag(Template& tpl, BlockList& blocks, std::unique_ptr<TextBlock>& pending, std::string_view parameter,
+                     bool reverse)
 {
     Template::flushText(blocks, pending);
     const LoopParameter loop = splitLoopParameter(parameter);

@@ -15,14 +15,13 @@ namespace
 
 /// A known string is escaped at once, in PHP's configured charset; anything else that is known gives nothing.
 template <typename FilterBlock>
-void parseFilterTag(Template& tpl, BlockList& blocks, std::unique_ptr<TextBlock>& pending,
-                    std::string_view parameter, const Escaping& escaping)
+void parseFilterTag(Template& tpl, BlockList& blocks, std::unique_ptr<TextBlock>& pending, std::string_view parameter,
+                    const Escaping& escaping)
 {
     const ParameterView resolved = resolveView(tpl, parameter);
     if (resolved.status == ParamStatus::Found) {
         if (Z_TYPE_P(resolved.value) == IS_STRING)
-            pending->text +=
-                escape(escaping, {Z_STRVAL_P(resolved.value), Z_STRLEN_P(resolved.value)}, nullptr).text();
+            pending->text += escape(escaping, {Z_STRVAL_P(resolved.value), Z_STRLEN_P(resolved.value)}, nullptr).text();
         return;
     }
     if (resolved.status == ParamStatus::NotFound)

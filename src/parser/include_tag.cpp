@@ -31,19 +31,18 @@ void checkCircle(const Template& tpl, const std::string& fileName, std::string_v
     }
 }
 
-void parseFile(Template& tpl, BlockList& blocks, std::unique_ptr<TextBlock>& pending,
-               const std::string& fileName)
+void parseFile(Template& tpl, BlockList& blocks, std::unique_ptr<TextBlock>& pending, const std::string& fileName)
 {
     Template child(fileName, tpl.input, false);
     child.fileNames = tpl.fileNames;
     child.fileNames.push_back(fileName);
     child.parseBlocks(blocks, pending, 0);
+    child.reader.close();
 }
 
 } // namespace
 
-void parseIncludeTag(Template& tpl, BlockList& blocks, std::unique_ptr<TextBlock>& pending,
-                     std::string_view parameter)
+void parseIncludeTag(Template& tpl, BlockList& blocks, std::unique_ptr<TextBlock>& pending, std::string_view parameter)
 {
     Template::flushText(blocks, pending);
     const std::string fileName = fileNameFrom(tpl, resolveView(tpl, parameter), parameter);

@@ -23,8 +23,8 @@ OptionalMode modeFor(ParamStatus status)
 
 } // namespace
 
-void parseOptionalTag(Template& tpl, BlockList& blocks, std::unique_ptr<TextBlock>& pending,
-                      std::string_view parameter, bool negated)
+void parseOptionalTag(Template& tpl, BlockList& blocks, std::unique_ptr<TextBlock>& pending, std::string_view parameter,
+                      bool negated)
 {
     Template::flushText(blocks, pending);
     const std::size_t space = parameter.find(' ');
@@ -32,11 +32,10 @@ void parseOptionalTag(Template& tpl, BlockList& blocks, std::unique_ptr<TextBloc
         space == std::string_view::npos ? std::string_view() : parameter.substr(space + 1);
     ResolvedParameter resolved = resolveParameter(tpl, parameter.substr(0, space));
     const OptionalMode mode = modeFor(resolved.status);
-    const bool inTree =
-        mode != OptionalMode::Always || isVisible(tpl, resolved.value, compareText) != negated;
+    const bool inTree = mode != OptionalMode::Always || isVisible(tpl, resolved.value, compareText) != negated;
 
-    auto section = std::make_unique<OptionalBlock>(
-        std::move(resolved.namespaceName), std::move(resolved.path), mode, std::string(compareText), negated);
+    auto section = std::make_unique<OptionalBlock>(std::move(resolved.namespaceName), std::move(resolved.path), mode,
+                                                   std::string(compareText), negated);
     OptionalBlock& block = *section;
     if (inTree)
         blocks.push_back(std::move(section));

@@ -19,19 +19,18 @@ class Template;
 /// `{include P}`: another template file in place, its name from the data or P itself. A file that cannot be
 /// opened is skipped.
 /// @throws std::runtime_error for a loop path, no name, a circle, and every fault in the file
-void parseIncludeTag(Template& tpl, BlockList& blocks, std::unique_ptr<TextBlock>& pending,
-                     std::string_view parameter);
+void parseIncludeTag(Template& tpl, BlockList& blocks, std::unique_ptr<TextBlock>& pending, std::string_view parameter);
 
 /// `{optional P}` ... `{/optional}`, negated `{!optional P}`: a section that is shown by the data. The body
 /// of a section that is known to be hidden is parsed, with all its faults, and dropped.
-void parseOptionalTag(Template& tpl, BlockList& blocks, std::unique_ptr<TextBlock>& pending,
-                      std::string_view parameter, bool negated);
+void parseOptionalTag(Template& tpl, BlockList& blocks, std::unique_ptr<TextBlock>& pending, std::string_view parameter,
+                      bool negated);
 
 /// `{dynamic P}` ... `{/dynamic}`, reversed `{rdynamic P}` ... `{/rdynamic}`, and `{dynamic name,P}`: a
 /// section repeated for every element of an array.
 /// @throws std::runtime_error for a name that an enclosing loop has, for a key as P, and for no P
-void parseDynamicTag(Template& tpl, BlockList& blocks, std::unique_ptr<TextBlock>& pending,
-                     std::string_view parameter, bool reverse);
+void parseDynamicTag(Template& tpl, BlockList& blocks, std::unique_ptr<TextBlock>& pending, std::string_view parameter,
+                     bool reverse);
 
 /// `{a}`, `{a b 'default'}`: the first of some alternatives that has a value, else the default text. When all
 /// are known to be missing and there is no default text, the tag stays in the text.

@@ -73,14 +73,12 @@ std::unique_ptr<Block> buildBlock(const Alternatives& alternatives)
         candidates.emplace_back(word);
     if (!alternatives.defaultText)
         return std::make_unique<MultiVariableBlock>(std::move(candidates));
-    return std::make_unique<MultiVariableBlock>(std::move(candidates),
-                                                std::string(*alternatives.defaultText));
+    return std::make_unique<MultiVariableBlock>(std::move(candidates), std::string(*alternatives.defaultText));
 }
 
 } // namespace
 
-void parseVariableTag(Template& tpl, BlockList& blocks, std::unique_ptr<TextBlock>& pending,
-                      std::string_view parameter)
+void parseVariableTag(Template& tpl, BlockList& blocks, std::unique_ptr<TextBlock>& pending, std::string_view parameter)
 {
     const Alternatives alternatives = splitAlternatives(tpl, parameter);
     WordCursor words(alternatives.words);

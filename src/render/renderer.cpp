@@ -77,10 +77,8 @@ std::vector<RendererEntry> buildRendererTable()
         optionalEntry(NotOptional, true),
         dynamicEntry(Dynamic, false),
         dynamicEntry(ReverseDynamic, true),
-        {Variable,
-         [](Template& tpl, Block& block, std::string& out, const zval* data) {
-             renderMultiVariable(tpl, as<MultiVariableBlock>(block), out, data);
-         }},
+        {Variable, [](Template& tpl, Block& block, std::string& out,
+                      const zval* data) { renderMultiVariable(tpl, as<MultiVariableBlock>(block), out, data); }},
         filterEntry<Addslashes>(addslashesEscaping),
         filterEntry<Htmlentities>(htmlentitiesEscaping),
         filterEntry<Htmlspecialchars>(htmlspecialcharsEscaping),

@@ -8,14 +8,29 @@
 namespace zorvel
 {
 
+namespace
+{
+
+/// The object is held while user code may run to make its properties.
+TableRef copyOfProperties(const zval* object)
+{
+    ValueRef held;
+    held.hold(object);
+    HashTable* const properties = propertiesOf(held.get());
+    TableRef copy;
+    if (properties != nullptr)
+        catchingBailout([&] { copy = TableRef::owning(zend_array_dup(properties)); });
+    return copy;
+}
+
+} // namespace
+
 TableWalk::TableWalk(const zval* value, bool reverse) : reverse_(reverse)
 {
-    if (Z_TYPE_P(value) == IS_ARRAY) {
+    if (Z_TYPE_P(value) == IS_ARRAY)
         table_ = TableRef(Z_ARRVAL_P(value));
-    } else if (Z_TYPE_P(value) == IS_OBJECT) {
-        object_.hold(value);
-        table_ = TableRef(propertiesOf(object_.get()));
-    }
+    else if (Z_TYPE_P(value) == IS_OBJECT)
+        table_ = copyOfProperties(value);
     if (table_.get() == nullptr)
         return;
     if (reverse_)
@@ -28,14 +43,10 @@ const zval* TableWalk::next(std::string& key)
 {
     if (table_.get() == nullptr)
         return nullptr;
-    const zval* element = nullptr;
-    while (const zval* slot = zend_hash_get_current_data_ex(table_.get(), &position_)) {
-        element = followSlot(slot);
-        if (element != nullptr)
-            readKey(key);
+    const zval* element = zend_hash_get_current_data_ex(table_.get(), &position_);
+    if (element != nullptr) {
+        readKey(key);
         advance();
-        if (element != nullptr)
-            break;
     }
     return element;
 }

@@ -11,7 +11,9 @@ namespace zorvel
 {
 
 /// A walk over the elements of an array, or the properties of an object, in order or in reverse. It keeps a
-/// position of its own, and a hold on the value and its table: elements stay valid as long as the walk.
+/// position of its own, and a hold on the array, or a copy of the property table: elements stay valid as long as
+/// the walk. (An object's own table cannot be held: its slots live and die with the object, which a proxy swaps for
+/// another, and the first write to a held table would cut it off from the object's declared properties.)
 /// Uninitialised properties are passed over; any other value has no elements.
 class TableWalk
 {
@@ -31,8 +33,6 @@ private:
     void readKey(std::string& key);
     void advance();
 
-    /// The object whose properties are walked; else undefined.
-    ValueRef object_;
     TableRef table_;
     HashPosition position_ = 0;
     const bool reverse_;

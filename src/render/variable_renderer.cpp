@@ -48,8 +48,7 @@ bool appendCandidate(Template& tpl, MultiVariableBlock& block, std::string_view 
 /// they are after construction, and is parsed again.
 bool holdsParse(const MultiVariableBlock& block)
 {
-    return block.candidates.size() == 1 &&
-           (block.outputKey || !block.path.empty() || !block.namespaceName.empty());
+    return block.candidates.size() == 1 && (block.outputKey || !block.path.empty() || !block.namespaceName.empty());
 }
 
 bool appendFirstValue(Template& tpl, MultiVariableBlock& block, std::string& out, const zval* data)
@@ -81,8 +80,7 @@ void renderMultiVariable(Template& tpl, MultiVariableBlock& block, std::string& 
         out += block.defaultText;
 }
 
-void renderEscaped(Template& tpl, VariableBlock& block, std::string& out, const zval* data,
-                   const Escaping& escaping)
+void renderEscaped(Template& tpl, VariableBlock& block, std::string& out, const zval* data, const Escaping& escaping)
 {
     const ValueText value = variableText(tpl, block, data);
     const std::string_view text = value.view();

@@ -83,6 +83,11 @@ void SourceReader::appendLastBrace(std::string& out, State state)
         out += state == State::AfterOpen ? '{' : '}';
 }
 
+void SourceReader::close()
+{
+    stream.close();
+}
+
 /// Scans what is left of the buffer.
 /// @return true when it stopped at the start of a tag, or behind the end of one
 bool SourceReader::scan(std::string& out, bool inTag, State& state)

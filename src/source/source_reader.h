@@ -40,6 +40,10 @@ public:
     /// @return false when the input ended first; `out` has what was left of it
     bool readUntil(std::string& out, char delimiter);
 
+    /// Closes the stream. Nothing can be read any more.
+    /// @throws Bailout, PendingException from a userland stream wrapper
+    void close();
+
 private:
     enum class State { Plain, AfterOpen, AfterClose };
 
