@@ -41,8 +41,7 @@ std::string dump(const Block& block)
         out << (multi->hasDefault ? " '" + multi->defaultText + "'" : "");
     }
     if (const auto* section = dynamic_cast<const SubBlock*>(&block))
-        out << " " << section->namespaceName << join(section->path)
-            << (section->data != nullptr ? " data" : "");
+        out << " " << section->namespaceName << join(section->path) << (section->data != nullptr ? " data" : "");
     if (const auto* loop = dynamic_cast<const DynamicBlock*>(&block))
         out << " " << loop->declaredNamespace << (loop->enabled ? "" : " disabled");
     if (const auto* optional = dynamic_cast<const OptionalBlock*>(&block))
@@ -103,8 +102,7 @@ TEST(Tree, HoldsWhatParsingCouldNotSettle)
 
 TEST(Tree, KeepsTheParseOfTheLastLoopCandidate)
 {
-    Parsed parsed("{dynamic n,r}{[*]}{*::a n::*::b::c}{/dynamic}",
-                  "['r' => [['b' => ['c' => 5]], ['a' => 7]]]");
+    Parsed parsed("{dynamic n,r}{[*]}{*::a n::*::b::c}{/dynamic}", "['r' => [['b' => ['c' => 5]], ['a' => 7]]]");
     EXPECT_EQ(parsed.tpl.render(), "0517");
     EXPECT_EQ(dump(parsed.tpl.blocks), "6  data n [1  key [*], 1 /a *::a n::*::b::c]");
     EXPECT_TRUE(parsed.tpl.dynamicStack.empty());

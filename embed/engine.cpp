@@ -29,8 +29,7 @@ int startWithModule(sapi_module_struct* module)
 
 void start(const char* settings)
 {
-    static const std::string ini =
-        std::string("display_errors=1\nhtml_errors=0\nlog_errors=0\n") + settings + "\n";
+    static const std::string ini = std::string("display_errors=1\nhtml_errors=0\nlog_errors=0\n") + settings + "\n";
     php_embed_module.startup = startWithModule;
     php_embed_module.ub_write = print;
     php_embed_module.php_ini_ignore = 1;

@@ -1,0 +1,68 @@
+#include <chrono>
+#include <cstdlib>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "engine.h"
+
+namespace
+{
+
+/// Rows in the memory of the whole process, as opcache shares them: immutable, without a reference count.
+HashTable* sharedRows()
+{
+    static HashTable rows;
+    zend_hash_init(&rows, 8, nullptr, nullptr, true);
+    for (zend_long row = 0; row < 3; ++row) {
+        zval value;
+        ZVAL_LONG(&value, row);
+        zend_hash_next_index_insert_new(&rows, &value);
+    }
+    GC_ADD_FLAGS(&rows, GC_IMMUTABLE);
+    return &rows;
+}
+
+const char writeFiles[] = R"php(
+    @mkdir($folder = sys_get_temp_dir() . '/zorvel-threads');
+    file_put_contents("$folder/main", '{dynamic n,rows}{htmlspecialchars n::*}{optional n::[*] 1}{include part}{/optional},{/dynamic}');
+    file_put_contents("$folder/part", '{dynamic rows}<{*}>{/dynamic}{text}');
+)php";
+
+const char render[] = R"php(
+    set_error_handler(function ($level, $message) { echo $message, ' '; });
+    ini_set('include_path', sys_get_temp_dir() . '/zorvel-threads');
+    echo zorvel('main', ['rows' => $rows, 'text' => []]), zorvel('{/dynamic}', [], true) ?? 'null';
+)php";
+
+void serve(HashTable* rows, std::chrono::steady_clock::time_point end)
+{
+    const engine::RequestThread thread;
+    do {
+        const engine::Request request;
+        zval value;
+        ZVAL_ARR(&value, rows);
+        Z_TYPE_FLAGS(value) = 0;
+        zend_hash_str_update(&EG(symbol_table), ZEND_STRL("rows"), &value);
+        EXPECT_EQ(engine::run(render), "Array to string conversion 0,1<0><1><2>Array,2,"
+                                       "Unexpected closing dynamic tag in {/dynamic} null");
+    } while (std::chrono::steady_clock::now() < end);
+}
+
+TEST(Threads, ServeSharedDataFromTheSameFiles)
+{
+    const char* const seconds = std::getenv("ZORVEL_THREAD_SECONDS");
+    const auto end =
+        std::chrono::steady_clock::now() + std::chrono::seconds(seconds != nullptr ? std::atoi(seconds) : 1);
+    engine::request(writeFiles);
+    HashTable* const rows = sharedRows();
+    std::vector<std::thread> threads;
+    for (int i = 0; i < 8; ++i)
+        threads.emplace_back(serve, rows, end);
+    for (auto& thread : threads)
+        thread.join();
+}
+
+} // namespace
