@@ -17,6 +17,7 @@ $many = range(1, 100_000);
 check('many', zorvel('{rdynamic l}{*},{/rdynamic}', ['l' => $many], true), implode(',', array_reverse($many)) . ',');
 check('large', zorvel('{v}{dynamic l}{htmlspecialchars *}{/dynamic}', ['v' => $bytes, 'l' => [$bytes]], true),
     $bytes . htmlspecialchars($bytes, ENT_COMPAT, 'ISO-8859-1'));
+check('unreadable', zorvel('php://stdout', []), '');
 $shared = [new Emptier, str_repeat('y', 3), 'z'];
 check('emptied', observed(fn () => zorvel('{dynamic l}{*}{/dynamic}{l}', ['l' => &$shared], true)), ['0xyyyzArray']);
 foreach (['{l::o}', '{dynamic l}{*}{/dynamic}', '{dynamic l}{htmlentities *}{/dynamic}'] as $template)

@@ -52,7 +52,7 @@ Stream Stream::open(const std::string& name)
 bool Stream::atEnd() const
 {
     bool end = true;
-    guarded([&] { end = get() == nullptr || php_stream_eof(get()); });
+    guarded([&] { end = get() == nullptr || failedReads_ > 1 || php_stream_eof(get()); });
     return end;
 }
 
@@ -60,6 +60,7 @@ std::size_t Stream::read(char* buffer, std::size_t size)
 {
     ssize_t count = 0;
     guarded([&] { count = get() != nullptr ? php_stream_read(get(), buffer, size) : 0; });
+    failedReads_ = count < 0 ? failedReads_ + 1 : 0;
     return static_cast<std::size_t>(std::max<ssize_t>(count, 0));
 }
 

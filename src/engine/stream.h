@@ -15,10 +15,14 @@ class Stream
 {
 public:
     Stream() = default;
-    Stream(Stream&& other) noexcept : resource_(std::exchange(other.resource_, nullptr)) {}
+    Stream(Stream&& other) noexcept
+        : resource_(std::exchange(other.resource_, nullptr)), failedReads_(other.failedReads_)
+    {
+    }
     Stream& operator=(Stream&& other) noexcept
     {
         std::swap(resource_, other.resource_);
+        std::swap(failedReads_, other.failedReads_);
         return *this;
     }
     ~Stream();
@@ -31,6 +35,7 @@ public:
 
     explicit operator bool() const { return resource_ != nullptr; }
 
+    /// Two reads in a row that fail end a stream too: one that cannot be read may never say that it has ended.
     /// @throws Bailout, PendingException from a userland stream wrapper
     bool atEnd() const;
 
@@ -49,6 +54,7 @@ private:
     php_stream* get() const { return static_cast<php_stream*>(resource_->ptr); }
 
     zend_resource* resource_ = nullptr;
+    int failedReads_ = 0;
 };
 
 } // namespace zorvel
