@@ -32,7 +32,7 @@ await page.fill('[type=search]', 'glass pen <')
 await submit('header button')
 check('a search comes back as text and finds', await texts('main h1, h3'), ['Results for “glass pen <”', 'Glass pen <clear>'])
 await page.goto('/product?item=notebook')
-check('a script gets a quoted name', await texts('#seen'), ["Last seen: Traveller's notebook"])
+check('a script gets a quoted name', await texts('#seen'), ["Last seen at O'Hara's Paper & Ink: Traveller's notebook"])
 await page.goto('/guestbook')
 for (const words of ['<b>Fine</b> & "fair"', '</textarea>it\'s']) {
   await page.fill('textarea', words)

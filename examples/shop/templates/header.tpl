@@ -6,6 +6,8 @@
 <title>{optional title}{htmlspecialchars title} – {/optional}{htmlspecialchars shop::name}</title>
 <link rel="stylesheet" href="shop.css">
 <link rel="icon" href="ink.svg">
+<!-- The shop's own name: addslashes would not do for a visitor's words. -->
+<script>const shop = '{addslashes shop::name}'</script>
 <script src="shop.js"></script>
 </head>
 <body>

@@ -1,5 +1,5 @@
 {include header.tpl}
-<article class="detail">
+<article class="detail" data-name="{htmlspecialchars product::name}">
   <img src="{rawurlencode category::key}.svg" alt="" style="background: {htmlspecialchars product::tint}">
   <div>
     <a href="./#{rawurlencode category::key}">{htmlspecialchars category::name}</a>
@@ -13,5 +13,4 @@
     {/optional}
   </div>
 </article>
-<script>remember('{addslashes product::name}')</script>
 {include footer.tpl}
