@@ -1,6 +1,6 @@
 # Installers look for a module under the extension's own name; this is the same module under that name.
 $(phplibdir)/zorvel.$(SHLIB_DL_SUFFIX_NAME): $(phplibdir)/php_zorvel.la
-	ln -sf php_zorvel.$(SHLIB_DL_SUFFIX_NAME) $@
+	cp -f $(phplibdir)/php_zorvel.$(SHLIB_DL_SUFFIX_NAME) $@
 
 all: $(phplibdir)/zorvel.$(SHLIB_DL_SUFFIX_NAME)
 install-modules: $(phplibdir)/zorvel.$(SHLIB_DL_SUFFIX_NAME)

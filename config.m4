@@ -4,6 +4,7 @@ PHP_ARG_ENABLE([zorvel],
   [yes])
 
 if test "$PHP_ZORVEL" != "no"; then
+  AS_VERSION_COMPARE([`$PHP_CONFIG --version`], [8.4], [AC_MSG_ERROR([zorvel needs PHP 8.4])])
   PHP_REQUIRE_CXX
   dnl Pages are made in small functions across many files; -O3 saves an eighth of their instructions.
   AS_VAR_IF([ac_test_CXXFLAGS], [y],, [CXXFLAGS="-g -O3"])

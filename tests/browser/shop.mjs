@@ -6,7 +6,7 @@ import { tmpdir } from 'node:os'
 
 process.chdir(new URL('../..', import.meta.url).pathname)
 execFileSync('script/setup/packages', ['chromium', 'fonts-liberation'])
-execFileSync('npm', 'install --silent --prefer-offline --no-save --prefix build/browser playwright-core@1.56.1'.split(' '))
+execFileSync('npm', 'install --loglevel=error --prefer-offline --no-save --prefix build/browser playwright-core@1.56.1'.split(' '))
 const { chromium } = await import('../../build/browser/node_modules/playwright-core/index.mjs')
 
 const TMPDIR = mkdtempSync(`${tmpdir()}/zorvel-shop-`)
