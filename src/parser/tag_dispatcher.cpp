@@ -26,6 +26,30 @@ struct TagKeyword {
     throwError(text, tpl.fileNames.back());
 }
 
+void buildTag(Template& tpl, BlockList& blocks, std::unique_ptr<TextBlock>& pending, const TagInfo& tag)
+{
+    switch (tag.type) {
+    case Include:
+        return parseIncludeTag(tpl, blocks, pending, tag.parameter);
+    case Optional:
+    case NotOptional:
+        return parseOptionalTag(tpl, blocks, pending, tag.parameter, tag.type == NotOptional);
+    case Dynamic:
+    case ReverseDynamic:
+        return parseDynamicTag(tpl, blocks, pending, tag.parameter, tag.type == ReverseDynamic);
+    case Addslashes:
+        return parseAddslashesTag(tpl, blocks, pending, tag.parameter);
+    case Htmlentities:
+        return parseHtmlentitiesTag(tpl, blocks, pending, tag.parameter);
+    case Htmlspecialchars:
+        return parseHtmlspecialcharsTag(tpl, blocks, pending, tag.parameter);
+    case Rawurlencode:
+        return parseRawurlencodeTag(tpl, blocks, pending, tag.parameter);
+    default:
+        return parseVariableTag(tpl, blocks, pending, tag.parameter);
+    }
+}
+
 } // namespace
 
 TagInfo classifyTag(std::string_view tagText)
@@ -70,40 +94,13 @@ bool dispatchTag(Template& tpl, BlockList& blocks, std::unique_ptr<TextBlock>& p
     std::string text;
     tpl.reader.readUntil(text, '}');
     const TagInfo tag = classifyTag(text);
-    switch (tag.type) {
-    case Include:
-        parseIncludeTag(tpl, blocks, pending, tag.parameter);
-        return false;
-    case Optional:
-    case NotOptional:
-        parseOptionalTag(tpl, blocks, pending, tag.parameter, tag.type == NotOptional);
-        return false;
-    case Dynamic:
-    case ReverseDynamic:
-        parseDynamicTag(tpl, blocks, pending, tag.parameter, tag.type == ReverseDynamic);
-        return false;
-    case EndOptional:
-    case EndDynamic:
-    case EndReverseDynamic:
-        if (tag.type != expectedClose)
-            failUnexpectedClose(tpl, tag.type);
-        return true;
-    case Addslashes:
-        parseAddslashesTag(tpl, blocks, pending, tag.parameter);
-        return false;
-    case Htmlentities:
-        parseHtmlentitiesTag(tpl, blocks, pending, tag.parameter);
-        return false;
-    case Htmlspecialchars:
-        parseHtmlspecialcharsTag(tpl, blocks, pending, tag.parameter);
-        return false;
-    case Rawurlencode:
-        parseRawurlencodeTag(tpl, blocks, pending, tag.parameter);
-        return false;
-    default:
-        parseVariableTag(tpl, blocks, pending, tag.parameter);
+    if (tag.type != EndOptional && tag.type != EndDynamic && tag.type != EndReverseDynamic) {
+        buildTag(tpl, blocks, pending, tag);
         return false;
     }
+    if (tag.type != expectedClose)
+        failUnexpectedClose(tpl, tag.type);
+    return true;
 }
 
 } // namespace zorvel
