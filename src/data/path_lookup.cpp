@@ -25,6 +25,15 @@ std::optional<std::uint32_t> indexOf(std::string_view key)
     return index;
 }
 
+/// A property table's slot for a declared property is indirect.
+/// @return the value that it stands for; null for an uninitialised property and for null
+const zval* followSlot(const zval* slot)
+{
+    if (slot != nullptr && Z_TYPE_P(slot) == IS_INDIRECT)
+        slot = Z_INDIRECT_P(slot);
+    return slot != nullptr && Z_TYPE_P(slot) != IS_UNDEF ? slot : nullptr;
+}
+
 const zval* elementAt(const zval* current, std::uint32_t index)
 {
     if (current == nullptr)
@@ -90,13 +99,6 @@ HashTable* propertiesOf(const zval* object)
     HashTable* properties = nullptr;
     guarded([&] { properties = Z_OBJ_HT_P(object)->get_properties(Z_OBJ_P(object)); });
     return properties;
-}
-
-const zval* followSlot(const zval* slot)
-{
-    if (slot != nullptr && Z_TYPE_P(slot) == IS_INDIRECT)
-        slot = Z_INDIRECT_P(slot);
-    return slot != nullptr && Z_TYPE_P(slot) != IS_UNDEF ? slot : nullptr;
 }
 
 } // namespace zorvel

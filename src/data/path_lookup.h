@@ -51,8 +51,4 @@ private:
 /// @throws Bailout, PendingException
 HashTable* propertiesOf(const zval* object);
 
-/// A property table's slot for a declared property is indirect.
-/// @return the value that the slot stands for; null for an uninitialised property and for null
-const zval* followSlot(const zval* slot);
-
 } // namespace zorvel

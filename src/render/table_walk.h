@@ -21,7 +21,6 @@ public:
     /// @throws Bailout, PendingException from an object that makes its properties on demand
     TableWalk(const zval* value, bool reverse);
 
-    /// The number of elements, uninitialised properties counted.
     std::size_t size() const { return table_.get() != nullptr ? zend_hash_num_elements(table_.get()) : 0; }
 
     /// @param key becomes the element's key as text: a string key whole, an integer key as the decimal
