@@ -1,18 +1,13 @@
 <?php
-// The shop's one entry: finds the data of the page asked for and fills its template.
+// The shop's one entry: finds the data of the page asked for and fills its template. Files beside it are the server's.
 declare(strict_types=1);
 
-require __DIR__ . '/store.php';
-
-$path = parse_url($_SERVER['REQUEST_URI'], PHP_URL_PATH);
-if (is_file(__DIR__ . "/static$path")) {
-    return false; // PHP's server sends the file as it is
-}
+require __DIR__ . '/../store.php';
 
 ini_set('display_errors', '0'); // the warning about a broken template goes to the server's log
-set_include_path(__DIR__ . '/templates');
+set_include_path(dirname(__DIR__) . '/templates');
 $store = open_store();
-[$template, $data] = match ($path) {
+[$template, $data] = match (parse_url($_SERVER['REQUEST_URI'], PHP_URL_PATH)) {
     '/' => catalogue($store),
     '/product' => product($store),
     '/guestbook' => guestbook($store),
