@@ -4,7 +4,7 @@ CREATE TABLE news (day TEXT, text TEXT);
 CREATE TABLE category (key TEXT PRIMARY KEY, name TEXT, blurb TEXT);
 CREATE TABLE product (
     key TEXT PRIMARY KEY, category TEXT REFERENCES category, name TEXT, blurb TEXT,
-    price TEXT, stock INTEGER, tint TEXT, badge TEXT
+    cents INTEGER, stock INTEGER, tint TEXT, badge TEXT
 );
 CREATE TABLE entry (name TEXT, words TEXT, written TEXT);
 PRAGMA user_version = 1;

@@ -8,12 +8,17 @@ function open_store(): PDO
 {
     $store = new PDO('sqlite:' . sys_get_temp_dir() . '/zorvel-shop-' . hash_file('crc32b', CATALOGUE) . '.sqlite');
     $store->setAttribute(PDO::ATTR_DEFAULT_FETCH_MODE, PDO::FETCH_ASSOC);
-    $store->exec('BEGIN IMMEDIATE');
-    if ($store->query('PRAGMA user_version')->fetchColumn() === 0) {
-        fill($store, json_decode(file_get_contents(CATALOGUE), true, flags: JSON_THROW_ON_ERROR));
+    if (!filled($store)) {
+        $store->exec('BEGIN IMMEDIATE'); // of several first visitors one fills it, and the others wait here
+        filled($store) || fill($store, json_decode(file_get_contents(CATALOGUE), true, flags: JSON_THROW_ON_ERROR));
+        $store->exec('COMMIT');
     }
-    $store->exec('COMMIT');
     return $store;
+}
+
+function filled(PDO $store): bool
+{
+    return $store->query('PRAGMA user_version')->fetchColumn() !== 0;
 }
 
 function fill(PDO $store, array $catalogue): void
@@ -55,6 +60,15 @@ function rows(PDO $store, string $query, string ...$values): array
     return array_map(fn (array $row): array => array_filter($row, fn ($value) => $value !== null), $statement->fetchAll());
 }
 
+/** The products for which CONDITION holds, each with its price as text: a template does not reckon. */
+function products(PDO $store, string $condition, string ...$values): array
+{
+    return array_map(
+        fn (array $product): array => $product + ['price' => number_format($product['cents'] / 100, 2)],
+        rows($store, "SELECT * FROM product WHERE $condition", ...$values),
+    );
+}
+
 function shop(PDO $store): array
 {
     $hours = array_column(rows($store, 'SELECT day, opening FROM hours'), 'opening', 'day');
@@ -64,9 +78,9 @@ function shop(PDO $store): array
 /** The categories that have a product whose name holds QUERY, each with these products. */
 function categories(PDO $store, string $query): array
 {
-    $search = 'SELECT * FROM product WHERE category = ? AND instr(lower(name), lower(?))';
+    $search = 'category = ? AND instr(lower(name), lower(?))';
     $filled = array_map(
-        fn (array $category): array => $category + ['products' => rows($store, $search, $category['key'], $query)],
+        fn (array $category): array => $category + ['products' => products($store, $search, $category['key'], $query)],
         rows($store, 'SELECT * FROM category'),
     );
     return array_values(array_filter($filled, fn (array $category): bool => $category['products'] !== []));

@@ -32,7 +32,7 @@ function catalogue(PDO $store): array
 
 function product(PDO $store): array
 {
-    $found = rows($store, 'SELECT * FROM product WHERE key = ?', (string) filter_input(INPUT_GET, 'item'));
+    $found = products($store, 'key = ?', (string) filter_input(INPUT_GET, 'item'));
     if ($found === []) {
         return missing();
     }
