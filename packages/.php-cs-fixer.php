@@ -1,0 +1,18 @@
+<?php
+
+declare(strict_types=1);
+
+use PhpCsFixer\Config;
+use PhpCsFixer\Finder;
+
+return new Config()
+    ->setRiskyAllowed(true)
+    ->setRules([
+        '@PER-CS' => true,
+        'declare_strict_types' => true,
+        'no_unused_imports' => true,
+        'ordered_imports' => true,
+        'strict_comparison' => true,
+    ])
+    ->setCacheFile(__DIR__ . '/../build/php-cs-fixer.cache')
+    ->setFinder(Finder::create()->in(__DIR__)->exclude('vendor')->append([__FILE__]));
