@@ -15,7 +15,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "engine.h"
+#include "embed.h"
 
 namespace
 {
@@ -174,8 +174,8 @@ bool isSmall(const std::string& input, const std::string& word, int most)
 extern "C" int LLVMFuzzerInitialize(int*, char***)
 {
     setenv("USE_ZEND_ALLOC", "0", 1);
-    engine::start("allow_url_fopen=1");
-    return std::atexit(engine::stop);
+    embed::start("allow_url_fopen=1");
+    return std::atexit(embed::stop);
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
@@ -183,11 +183,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     const std::string input(reinterpret_cast<const char*>(bytes), size);
     if (!isSmall(input, "dynamic", 8) || !isSmall(input, "include", 8))
         return 0;
-    const engine::Request request;
+    const embed::Request request;
     zval value;
     ZVAL_STRINGL(&value, input.data(), input.size());
     zend_hash_str_update(&EG(symbol_table), ZEND_STRL("input"), &value);
-    const std::string wrong = engine::run(program);
+    const std::string wrong = embed::run(program);
     if (wrong.empty())
         return 0;
     std::fprintf(stderr, "%s for the input:\n%s\n", wrong.c_str(), input.c_str());

@@ -5,7 +5,7 @@
 #include <string>
 #include <utility>
 
-#include "php.h"
+#include <php.h>
 
 #include "blocks/block.h"
 

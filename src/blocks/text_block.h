@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "blocks/block.h"
@@ -15,5 +16,8 @@ public:
 
     std::string text;
 };
+
+/// The text that has been read and is in no block list yet: template text, and the values known while parsing.
+using PendingText = std::unique_ptr<TextBlock>;
 
 } // namespace zorvel

@@ -5,7 +5,6 @@
 #include <optional>
 
 #include "engine/guard.h"
-#include "source/template.h"
 
 namespace zorvel
 {
@@ -25,24 +24,21 @@ std::optional<std::uint32_t> indexOf(std::string_view key)
     return index;
 }
 
-/// A property table's slot for a declared property is indirect.
-/// @return the value that it stands for; null for an uninitialised property and for null
-const zval* followSlot(const zval* slot)
-{
-    if (slot != nullptr && Z_TYPE_P(slot) == IS_INDIRECT)
-        slot = Z_INDIRECT_P(slot);
-    return slot != nullptr && Z_TYPE_P(slot) != IS_UNDEF ? slot : nullptr;
-}
-
-const zval* elementAt(const zval* current, std::uint32_t index)
+/// The table that an index key enters: an array's, or an object's properties. Null for none.
+HashTable* indexedTable(const zval* current)
 {
     if (current == nullptr)
         return nullptr;
     if (Z_TYPE_P(current) == IS_ARRAY)
-        return zend_hash_index_find(Z_ARRVAL_P(current), index);
-    if (Z_TYPE_P(current) == IS_OBJECT)
-        return followSlot(zend_hash_index_find(propertiesOf(current), index));
-    return nullptr;
+        return Z_ARRVAL_P(current);
+    return Z_TYPE_P(current) == IS_OBJECT ? propertiesOf(current) : nullptr;
+}
+
+/// Declared properties, whose slots would have to be followed, have names and no indices.
+const zval* elementAt(const zval* current, std::uint32_t index)
+{
+    const HashTable* const table = indexedTable(current);
+    return table != nullptr ? zend_hash_index_find(table, index) : nullptr;
 }
 
 const zval* elementUnder(const zval* current, std::string_view key)
@@ -77,10 +73,10 @@ const zval* walk(const zval* root, const zval* start, NextKey nextKey)
 
 } // namespace
 
-const zval* lookupPath(Template& tpl, const std::deque<std::string>& path, const zval* start)
+const zval* lookupPath(const zval* root, const std::deque<std::string>& path, const zval* start)
 {
     auto next = path.begin();
-    return walk(tpl.input->userData, start, [&](std::string_view& key) {
+    return walk(root, start, [&](std::string_view& key) {
         if (next == path.end())
             return false;
         key = *next++;
@@ -88,10 +84,9 @@ const zval* lookupPath(Template& tpl, const std::deque<std::string>& path, const
     });
 }
 
-const zval* lookupAbsolutePath(Template& tpl, std::string_view path)
+const zval* lookupAbsolutePath(const zval* root, std::string_view path)
 {
-    return walk(tpl.input->userData, nullptr,
-                [keys = KeyCursor(path)](std::string_view& key) mutable { return keys.next(key); });
+    return walk(root, nullptr, [keys = KeyCursor(path)](std::string_view& key) mutable { return keys.next(key); });
 }
 
 HashTable* propertiesOf(const zval* object)

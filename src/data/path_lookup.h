@@ -4,12 +4,10 @@
 #include <string>
 #include <string_view>
 
-#include "php.h"
+#include <php.h>
 
 namespace zorvel
 {
-
-class Template;
 
 /// Walks a path of keys through the user data. A key in canonical decimal form, from 0 to 4294967295, is an
 /// index; an index enters arrays and the property tables of objects. Every other key is a string key, which
@@ -17,11 +15,11 @@ class Template;
 /// @param start where to begin; null: at the root of the user data, which only a string key enters
 /// @return the value that the path names, borrowed from the user data, a reference as the reference itself;
 ///         `start` for an empty path; null when the path names nothing
-const zval* lookupPath(Template& tpl, const std::deque<std::string>& path, const zval* start);
+const zval* lookupPath(const zval* root, const std::deque<std::string>& path, const zval* start);
 
 /// The same for an absolute path that is still text, its keys separated by "::", the empty text one empty
 /// key.
-const zval* lookupAbsolutePath(Template& tpl, std::string_view path);
+const zval* lookupAbsolutePath(const zval* root, std::string_view path);
 
 /// The keys of "a::b::c", one at a time. Views into the text.
 class KeyCursor
@@ -47,7 +45,7 @@ private:
     bool done_ = false;
 };
 
-/// The property table of an object. Asking for it may run user code.
+/// The property table of an object, or null. Asking for it may run user code.
 /// @throws Bailout, PendingException
 HashTable* propertiesOf(const zval* object);
 

@@ -3,7 +3,7 @@
 #include <array>
 #include <string_view>
 
-#include "php.h"
+#include <php.h>
 
 #include "engine/holders.h"
 

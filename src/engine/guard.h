@@ -1,6 +1,8 @@
 #pragma once
 
-#include "php.h"
+#include <concepts>
+
+#include <php.h>
 
 /// This thread's engine globals, found without a call into the engine each time; set when a call begins.
 ZEND_TSRMLS_CACHE_EXTERN()
@@ -22,10 +24,11 @@ struct PendingException {
 namespace detail
 {
 
-/// False when the call bailed out. Kept out of line: nothing of a caller's frame may live in a register
-/// across the setjmp.
-template <typename Call>
-zend_never_inline bool survives(Call& call)
+/// False when the call bailed out. The call must not throw, which would leave the engine a dead place to jump to,
+/// and must own nothing, since a jump destroys nothing. Kept out of line: nothing of a caller's frame may live in a
+/// register across the setjmp.
+template <std::invocable Call>
+zend_never_inline bool survives(Call& call) noexcept
 {
     zend_try
     {
@@ -41,9 +44,10 @@ zend_never_inline bool survives(Call& call)
 
 } // namespace detail
 
-/// Runs a call into the engine that allocates but runs no user code. It must own nothing itself.
+/// Runs a call into the engine that allocates but runs no user code. Never in a catch clause: the exception caught
+/// there would be leaked by the jump.
 /// @throws Bailout
-template <typename Call>
+template <std::invocable Call>
 void catchingBailout(Call call)
 {
     if (!detail::survives(call))
@@ -52,7 +56,7 @@ void catchingBailout(Call call)
 
 /// Runs a call into the engine that may run user code as well.
 /// @throws Bailout, PendingException
-template <typename Call>
+template <std::invocable Call>
 void guarded(Call call)
 {
     catchingBailout(call);
@@ -62,7 +66,7 @@ void guarded(Call call)
 
 /// The same where nothing may be thrown: in destructors, and when the call has ended. A bailout is kept back,
 /// not forgotten: the engine has no current frame after one, which the PHP function sees.
-template <typename Call>
+template <std::invocable Call>
 void guardedNoThrow(Call call) noexcept
 {
     detail::survives(call);

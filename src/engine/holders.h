@@ -1,21 +1,31 @@
 #pragma once
 
+#include <cstddef>
 #include <string_view>
 #include <utility>
 
-#include "php.h"
+#include <php.h>
 
 #include "engine/guard.h"
 
 namespace zorvel
 {
 
-/// Owns one reference to an engine string, or none.
+// Holders of what is counted by the engine, or of nothing. To adopt takes over a reference that the caller owns; to
+// share takes one more. Each gives its reference back as the engine does it, which tells the garbage collector, too:
+// that may run user code, so that what is only borrowed may be gone afterwards.
+
+/// Holds an engine string.
 class StringRef
 {
 public:
     StringRef() = default;
-    explicit StringRef(zend_string* owned) : string_(owned) {}
+    static StringRef adopt(zend_string* string)
+    {
+        StringRef ref;
+        ref.string_ = string;
+        return ref;
+    }
     StringRef(StringRef&& other) noexcept : string_(std::exchange(other.string_, nullptr)) {}
     StringRef& operator=(StringRef&& other) noexcept
     {
@@ -28,68 +38,71 @@ public:
             zend_string_release(string_);
     }
 
-    /// A new engine string with a copy of the bytes.
+    /// A new engine string of that many bytes, which the caller has to write.
     /// @throws Bailout when memory_limit is reached
-    static StringRef copyOf(std::string_view bytes)
+    static StringRef ofLength(std::size_t length)
     {
-        StringRef copy;
-        catchingBailout([&] { copy = StringRef(zend_string_init(bytes.data(), bytes.size(), false)); });
-        return copy;
+        StringRef string;
+        catchingBailout([&] { string = adopt(zend_string_alloc(length, false)); });
+        string.bytes()[length] = '\0';
+        return string;
     }
 
     explicit operator bool() const { return string_ != nullptr; }
     zend_string* get() const { return string_; }
+    char* bytes() const { return ZSTR_VAL(string_); }
     zend_string* release() { return std::exchange(string_, nullptr); }
-    /// The text up to its first NUL byte; valid as long as this holder.
-    std::string_view text() const { return ZSTR_VAL(string_); }
+    /// The bytes before the first NUL byte; valid as long as this holder.
+    std::string_view textUpToNul() const { return ZSTR_VAL(string_); }
 
 private:
     zend_string* string_ = nullptr;
 };
 
-/// Holds a private copy of a value, as the engine copies one: it shares an array, object or string by its
-/// reference count. Undefined until it holds one.
+/// Holds a value; undefined when it holds nothing.
 class ValueRef
 {
 public:
     ValueRef() { ZVAL_UNDEF(&value_); }
-    ValueRef(const ValueRef&) = delete;
-    ValueRef& operator=(const ValueRef&) = delete;
+    static ValueRef share(const zval* value)
+    {
+        ValueRef ref;
+        ZVAL_COPY(&ref.value_, value);
+        return ref;
+    }
+    ValueRef(ValueRef&& other) noexcept : ValueRef() { std::swap(value_, other.value_); }
+    ValueRef& operator=(ValueRef&& other) noexcept
+    {
+        std::swap(value_, other.value_);
+        return *this;
+    }
     ~ValueRef()
     {
-        if (!Z_REFCOUNTED(value_))
-            return;
-        if (Z_REFCOUNT(value_) > 1)
-            Z_DELREF(value_);
-        else
+        if (Z_REFCOUNTED(value_))
             guardedNoThrow([this] { zval_ptr_dtor(&value_); });
     }
 
-    /// To be called once.
-    void hold(const zval* value) { ZVAL_COPY(&value_, value); }
     zval* get() { return &value_; }
 
 private:
     zval value_;
 };
 
-/// A counted hold on a hash table, or none: whoever writes to the table has to separate from it first.
+/// Holds a hash table: whoever writes to it has to separate from it first.
 class TableRef
 {
 public:
     TableRef() = default;
-    /// @param table may be null
-    explicit TableRef(HashTable* table) : table_(table)
-    {
-        if (table_ != nullptr)
-            GC_TRY_ADDREF(table_);
-    }
-    /// @param table a new table, of which this holder becomes the owner
-    static TableRef owning(HashTable* table)
+    static TableRef adopt(HashTable* table)
     {
         TableRef ref;
         ref.table_ = table;
         return ref;
+    }
+    static TableRef share(HashTable* table)
+    {
+        GC_TRY_ADDREF(table);
+        return adopt(table);
     }
     TableRef(TableRef&& other) noexcept : table_(std::exchange(other.table_, nullptr)) {}
     TableRef& operator=(TableRef&& other) noexcept
@@ -99,12 +112,8 @@ public:
     }
     ~TableRef()
     {
-        if (table_ == nullptr)
-            return;
-        if (GC_REFCOUNT(table_) > 1)
-            GC_TRY_DELREF(table_);
-        else
-            guardedNoThrow([this] { zend_array_release(table_); });
+        if (table_ != nullptr && (GC_FLAGS(table_) & GC_IMMUTABLE) == 0)
+            guardedNoThrow([this] { GC_DTOR(table_); });
     }
 
     HashTable* get() const { return table_; }

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "php_streams.h"
+#include <php_streams.h>
 
 #include "engine/guard.h"
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <utility>
 
-#include "php.h"
+#include <php.h>
 
 namespace zorvel
 {

@@ -15,38 +15,38 @@ namespace zorvel
 namespace message
 {
 
-constexpr std::string_view BadArguments = "Error while parsing parameters";
-constexpr std::string_view NullBlock = "Null subBlock detected";
+constexpr std::string_view badArguments = "Error while parsing parameters";
+constexpr std::string_view nullBlock = "Null subBlock detected";
 /// Followed by a blank and the file's name. An include tag recognises the failure by this text.
-constexpr std::string_view CannotOpen = "Could not open file";
-constexpr std::string_view TooDeep = "Template is nested too deeply in ";
+constexpr std::string_view cannotOpen = "Could not open file";
+constexpr std::string_view tooDeep = "Template is nested too deeply in ";
 
-constexpr std::string_view MissingClose = "Missing closing tag in ";
-constexpr std::string_view UnexpectedEndOptional = "Unexpected closing optional tag in ";
-constexpr std::string_view UnexpectedEndDynamic = "Unexpected closing dynamic tag in ";
-constexpr std::string_view UnexpectedEndReverseDynamic = "Unexpected closing rdynamic tag in ";
+constexpr std::string_view missingClose = "Missing closing tag in ";
+constexpr std::string_view unexpectedEndOptional = "Unexpected closing optional tag in ";
+constexpr std::string_view unexpectedEndDynamic = "Unexpected closing dynamic tag in ";
+constexpr std::string_view unexpectedEndReverseDynamic = "Unexpected closing rdynamic tag in ";
 
-constexpr std::string_view BadPath = "Bad formated parameter'";
-constexpr std::string_view TooManyColons = "': too many : in ";
-constexpr std::string_view TooManyWildcards = "': too many * in ";
-constexpr std::string_view TooManyNamespaces = "': too many namespaces in ";
-constexpr std::string_view FirstTooManyWildcards = "Bad formated parameter: too many * in ";
-constexpr std::string_view FirstTooManyNamespaces = "Bad formated parameter: too many namespaces in ";
-constexpr std::string_view KeyNotLast = "Bad formated parameter: [*] must be last in ";
+constexpr std::string_view badPath = "Bad formated parameter'";
+constexpr std::string_view tooManyColons = "': too many : in ";
+constexpr std::string_view tooManyWildcards = "': too many * in ";
+constexpr std::string_view tooManyNamespaces = "': too many namespaces in ";
+constexpr std::string_view firstTooManyWildcards = "Bad formated parameter: too many * in ";
+constexpr std::string_view firstTooManyNamespaces = "Bad formated parameter: too many namespaces in ";
+constexpr std::string_view keyNotLast = "Bad formated parameter: [*] must be last in ";
 
-constexpr std::string_view BadInclude = "Include block bad parameter '";
-constexpr std::string_view NoFileName = "Include block bad parameter: no parameter found in ";
-constexpr std::string_view AsteriskInFileName = "': asterisk in filename is forbidden in ";
-constexpr std::string_view IncludeCircle = "': circle is detected in ";
+constexpr std::string_view badInclude = "Include block bad parameter '";
+constexpr std::string_view noFileName = "Include block bad parameter: no parameter found in ";
+constexpr std::string_view asteriskInFileName = "': asterisk in filename is forbidden in ";
+constexpr std::string_view includeCircle = "': circle is detected in ";
 
-constexpr std::string_view BadDynamic = "Dynamic block bad parameter '";
-constexpr std::string_view NamespaceUsed = "': namespace is used already in ";
-constexpr std::string_view KeyForbidden = "': [*] is forbidden in ";
-constexpr std::string_view NoParameter = "': no parameter found in ";
+constexpr std::string_view badDynamic = "Dynamic block bad parameter '";
+constexpr std::string_view namespaceUsed = "': namespace is used already in ";
+constexpr std::string_view keyForbidden = "': [*] is forbidden in ";
+constexpr std::string_view noParameter = "': no parameter found in ";
 
-constexpr std::string_view BadVariable = "Variable block bad parameter '";
-constexpr std::string_view QuoteInWord = "': ' is forbidden in variable in ";
-constexpr std::string_view QuoteNotClosed = "': could not find second ' as the last character in ";
+constexpr std::string_view badVariable = "Variable block bad parameter '";
+constexpr std::string_view quoteInWord = "': ' is forbidden in variable in ";
+constexpr std::string_view quoteNotClosed = "': could not find second ' as the last character in ";
 
 } // namespace message
 

@@ -1,4 +1,4 @@
-#include "php.h"
+#include "ext/module.h"
 
 #include "engine/guard.h"
 #include "ext/page.h"

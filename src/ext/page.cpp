@@ -1,11 +1,13 @@
 #include "ext/page.h"
 
+#include <concepts>
+#include <cstring>
 #include <exception>
 #include <string>
 #include <string_view>
 #include <utility>
 
-#include "zend_exceptions.h"
+#include <zend_exceptions.h>
 
 #include "engine/guard.h"
 #include "engine/holders.h"
@@ -25,38 +27,66 @@ struct Arguments {
     bool stringMode = false;
 };
 
+StringRef copyOf(std::string_view bytes)
+{
+    StringRef copy = StringRef::ofLength(bytes.size());
+    std::memcpy(copy.bytes(), bytes.data(), bytes.size());
+    return copy;
+}
+
 StringRef page(const Arguments& arguments)
 {
     TemplateInput input{{arguments.fileName, arguments.fileNameLength}, arguments.userData};
     Template tpl(input.fileName, &input, arguments.stringMode);
     tpl.parse();
-    return StringRef::copyOf(tpl.render());
+    return copyOf(tpl.render());
 }
 
 /// Runs a call, the one place where its exceptions end.
-/// @return the failure's message; empty after success, and after a bailout or an exception of user code's,
-///         which the engine knows of
-template <typename Call>
-std::string messageOf(Call call)
+/// @return its failure; null after success, and after a bailout or an exception of user code's, which the engine
+///         knows of
+template <std::invocable Call>
+std::exception_ptr failureOf(Call call)
 {
     try {
         call();
-    } catch (const std::exception& failure) {
-        return failure.what();
+    } catch (const std::exception&) {
+        return std::current_exception();
     } catch (const PendingException&) {
     } catch (const Bailout&) {
     }
     return {};
 }
 
-/// The same with the message in the engine's memory, where a bailout of the warning's cannot leak it.
-template <typename Call>
-StringRef failureOf(Call call)
+/// Lends a failure's text to `use`, which must not call the engine: a jump out of a catch clause leaks the exception.
+template <std::invocable<std::string_view> Use>
+void useText(const std::exception_ptr& failure, Use use)
 {
-    const std::string text = messageOf(call);
+    try {
+        std::rethrow_exception(failure);
+    } catch (const std::exception& exception) {
+        use(exception.what());
+    }
+}
+
+/// The failure's text in the engine's memory, where a bailout of the warning's cannot leak it. Copied without a detour:
+/// the failure may be that there is no memory.
+StringRef messageOf(const std::exception_ptr& failure)
+{
+    std::size_t length = 0;
+    useText(failure, [&](std::string_view text) { length = text.size(); });
+    StringRef message = StringRef::ofLength(length);
+    useText(failure, [&](std::string_view text) { std::memcpy(message.bytes(), text.data(), length); });
+    return message;
+}
+
+/// @return null when there is nothing to report
+template <std::invocable Call>
+StringRef failureMessageOf(Call call)
+{
     StringRef message;
-    if (!text.empty())
-        messageOf([&] { message = StringRef::copyOf(text); });
+    if (const std::exception_ptr failure = failureOf(call))
+        failureOf([&] { message = messageOf(failure); });
     return message;
 }
 
@@ -66,7 +96,7 @@ StringRef failureOf(Call call)
 void warn(const StringRef& message)
 {
     zend_object* const pending = std::exchange(EG(exception), nullptr);
-    guardedNoThrow([&] { zend_error(E_WARNING, "%s", ZSTR_VAL(message.get())); });
+    guardedNoThrow([&] { zend_error(E_WARNING, "%s", message.bytes()); });
     if (pending == nullptr || EG(current_execute_data) == nullptr)
         return;
     if (EG(exception) != nullptr)
@@ -75,12 +105,14 @@ void warn(const StringRef& message)
         EG(exception) = pending;
 }
 
-/// Not after a bailout, and not beside an exception of user code's; one that refuses the arguments is the engine's.
-bool isToBeReported(const zend_execute_data* execute_data)
+/// Not after a bailout, and not beside an exception of user code's. What refuses the arguments is the engine's own.
+bool shouldReport(const zend_execute_data* execute_data, bool argumentsAreValid)
 {
     if (EG(current_execute_data) != execute_data)
         return false;
-    return EG(exception) == nullptr || instanceof_function(EG(exception)->ce, zend_ce_type_error);
+    if (EG(exception) == nullptr)
+        return true;
+    return !argumentsAreValid && instanceof_function(EG(exception)->ce, zend_ce_type_error);
 }
 
 } // namespace
@@ -89,15 +121,16 @@ void renderPage(zend_execute_data* execute_data, zval* return_value)
 {
     RETVAL_NULL();
     Arguments arguments;
+    // Without a guard: nothing that a jump would have to destroy is alive yet.
     const bool valid = zend_parse_parameters(ZEND_NUM_ARGS(), "sa|b", &arguments.fileName, &arguments.fileNameLength,
                                              &arguments.userData, &arguments.stringMode) == SUCCESS;
-    const StringRef failure = failureOf([&] {
+    const StringRef message = failureMessageOf([&] {
         if (!valid)
-            throwError(message::BadArguments);
+            throwError(message::badArguments);
         RETVAL_STR(page(arguments).release());
     });
-    if (failure && isToBeReported(execute_data))
-        warn(failure);
+    if (message && shouldReport(execute_data, valid))
+        warn(message);
 }
 
 } // namespace zorvel

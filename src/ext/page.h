@@ -1,6 +1,6 @@
 #pragma once
 
-#include "php.h"
+#include <php.h>
 
 namespace zorvel
 {

@@ -37,7 +37,7 @@ void checkNamespace(const Template& tpl, const LoopParameter& loop)
         return enclosing->declaredNamespace == loop.name;
     });
     if (used)
-        throwError(message::BadDynamic, loop.path, message::NamespaceUsed, tpl.fileNames.back());
+        throwError(message::badDynamic, loop.path, message::namespaceUsed, tpl.name());
 }
 
 /// The array that a found value stands for: the value, what it has under "num", or the array that either
@@ -57,7 +57,7 @@ std::unique_ptr<DynamicBlock> buildBlock(Template& tpl, const LoopParameter& loo
 {
     ResolvedParameter resolved = resolveParameter(tpl, loop.path);
     if (resolved.status == ParamStatus::LoopKey)
-        throwError(message::BadDynamic, loop.path, message::KeyForbidden, tpl.fileNames.back());
+        throwError(message::badDynamic, loop.path, message::keyForbidden, tpl.name());
     if (resolved.status == ParamStatus::LoopValue)
         return std::make_unique<DynamicBlock>(std::string(loop.name), std::move(resolved.namespaceName),
                                               std::move(resolved.path), reverse);
@@ -65,14 +65,13 @@ std::unique_ptr<DynamicBlock> buildBlock(Template& tpl, const LoopParameter& loo
     if (array != nullptr)
         return std::make_unique<DynamicBlock>(std::string(loop.name), array, reverse);
     if (loop.path.empty())
-        throwError(message::BadDynamic, loop.path, message::NoParameter, tpl.fileNames.back());
+        throwError(message::badDynamic, loop.path, message::noParameter, tpl.name());
     return std::make_unique<DynamicBlock>(reverse);
 }
 
 } // namespace
 
-void parseDynamicTag(Template& tpl, BlockList& blocks, std::unique_ptr<TextBlock>& pending, std::string_view parameter,
-                     bool reverse)
+void parseDynamicTag(Template& tpl, BlockList& blocks, PendingText& pending, std::string_view parameter, bool reverse)
 {
     Template::flushText(blocks, pending);
     const LoopParameter loop = splitLoopParameter(parameter);

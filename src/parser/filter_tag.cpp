@@ -1,8 +1,8 @@
 #include <memory>
-#include <utility>
+#include <string>
 
 #include "blocks/variable_block.h"
-#include "engine/escaping.h"
+#include "data/escaping.h"
 #include "parser/parameter_path.h"
 #include "parser/tag_builders.h"
 #include "source/template.h"
@@ -13,49 +13,47 @@ namespace zorvel
 namespace
 {
 
-/// A known string is escaped at once, in PHP's configured charset; anything else that is known gives nothing.
-template <typename FilterBlock>
-void parseFilterTag(Template& tpl, BlockList& blocks, std::unique_ptr<TextBlock>& pending, std::string_view parameter,
-                    const Escaping& escaping)
+/// In PHP's configured charset. What is known and no string gives nothing.
+void appendEscaped(std::string& text, const Escaping& escaping, const zval* value)
+{
+    if (Z_TYPE_P(value) != IS_STRING)
+        return;
+    text += escape(escaping, {Z_STRVAL_P(value), Z_STRLEN_P(value)}, nullptr).textUpToNul();
+}
+
+template <BlockType Code>
+void parseFilterTag(Template& tpl, BlockList& blocks, PendingText& pending, std::string_view parameter)
 {
     const ParameterView resolved = resolveView(tpl, parameter);
-    if (resolved.status == ParamStatus::Found) {
-        if (Z_TYPE_P(resolved.value) == IS_STRING)
-            pending->text += escape(escaping, {Z_STRVAL_P(resolved.value), Z_STRLEN_P(resolved.value)}, nullptr).text();
-        return;
-    }
     if (resolved.status == ParamStatus::NotFound)
         return;
+    if (resolved.status == ParamStatus::Found)
+        return appendEscaped(pending->text, escapingOf<Code>(), resolved.value);
     Template::flushText(blocks, pending);
-    ParsedParameter parsed = parseParameterPath(tpl, parameter);
-    blocks.push_back(std::make_unique<FilterBlock>(std::move(parsed.namespaceName), std::move(parsed.path),
-                                                   parsed.status == ParamStatus::LoopKey));
+    blocks.push_back(std::make_unique<FilterBlock<Code>>(std::string(resolved.namespaceName), keysOf(resolved),
+                                                         resolved.status == ParamStatus::LoopKey));
 }
 
 } // namespace
 
-void parseAddslashesTag(Template& tpl, BlockList& blocks, std::unique_ptr<TextBlock>& pending,
-                        std::string_view parameter)
+void parseAddslashesTag(Template& tpl, BlockList& blocks, PendingText& pending, std::string_view parameter)
 {
-    parseFilterTag<AddslashesBlock>(tpl, blocks, pending, parameter, addslashesEscaping);
+    parseFilterTag<Addslashes>(tpl, blocks, pending, parameter);
 }
 
-void parseHtmlentitiesTag(Template& tpl, BlockList& blocks, std::unique_ptr<TextBlock>& pending,
-                          std::string_view parameter)
+void parseHtmlentitiesTag(Template& tpl, BlockList& blocks, PendingText& pending, std::string_view parameter)
 {
-    parseFilterTag<HtmlentitiesBlock>(tpl, blocks, pending, parameter, htmlentitiesEscaping);
+    parseFilterTag<Htmlentities>(tpl, blocks, pending, parameter);
 }
 
-void parseHtmlspecialcharsTag(Template& tpl, BlockList& blocks, std::unique_ptr<TextBlock>& pending,
-                              std::string_view parameter)
+void parseHtmlspecialcharsTag(Template& tpl, BlockList& blocks, PendingText& pending, std::string_view parameter)
 {
-    parseFilterTag<HtmlspecialcharsBlock>(tpl, blocks, pending, parameter, htmlspecialcharsEscaping);
+    parseFilterTag<Htmlspecialchars>(tpl, blocks, pending, parameter);
 }
 
-void parseRawurlencodeTag(Template& tpl, BlockList& blocks, std::unique_ptr<TextBlock>& pending,
-                          std::string_view parameter)
+void parseRawurlencodeTag(Template& tpl, BlockList& blocks, PendingText& pending, std::string_view parameter)
 {
-    parseFilterTag<RawurlencodeBlock>(tpl, blocks, pending, parameter, rawurlencodeEscaping);
+    parseFilterTag<Rawurlencode>(tpl, blocks, pending, parameter);
 }
 
 } // namespace zorvel

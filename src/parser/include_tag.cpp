@@ -15,11 +15,11 @@ namespace
 std::string fileNameFrom(const Template& tpl, const ParameterView& resolved, std::string_view parameter)
 {
     if (resolved.status == ParamStatus::LoopValue || resolved.status == ParamStatus::LoopKey)
-        throwError(message::BadInclude, parameter, message::AsteriskInFileName, tpl.fileNames.back());
+        throwError(message::badInclude, parameter, message::asteriskInFileName, tpl.name());
     if (resolved.value != nullptr && Z_TYPE_P(resolved.value) == IS_STRING)
         return Z_STRVAL_P(resolved.value);
     if (parameter.empty())
-        throwError(message::NoFileName, tpl.fileNames.back());
+        throwError(message::noFileName, tpl.name());
     return std::string(parameter);
 }
 
@@ -27,11 +27,11 @@ void checkCircle(const Template& tpl, const std::string& fileName, std::string_v
 {
     for (const std::string& parent : tpl.fileNames) {
         if (parent == fileName)
-            throwError(message::BadInclude, parameter, message::IncludeCircle, tpl.fileNames.back());
+            throwError(message::badInclude, parameter, message::includeCircle, tpl.name());
     }
 }
 
-void parseFile(Template& tpl, BlockList& blocks, std::unique_ptr<TextBlock>& pending, const std::string& fileName)
+void parseFile(Template& tpl, BlockList& blocks, PendingText& pending, const std::string& fileName)
 {
     Template child(fileName, tpl.input, false);
     child.fileNames = tpl.fileNames;
@@ -42,7 +42,7 @@ void parseFile(Template& tpl, BlockList& blocks, std::unique_ptr<TextBlock>& pen
 
 } // namespace
 
-void parseIncludeTag(Template& tpl, BlockList& blocks, std::unique_ptr<TextBlock>& pending, std::string_view parameter)
+void parseIncludeTag(Template& tpl, BlockList& blocks, PendingText& pending, std::string_view parameter)
 {
     Template::flushText(blocks, pending);
     const std::string fileName = fileNameFrom(tpl, resolveView(tpl, parameter), parameter);
@@ -50,7 +50,7 @@ void parseIncludeTag(Template& tpl, BlockList& blocks, std::unique_ptr<TextBlock
     try {
         parseFile(tpl, blocks, pending, fileName);
     } catch (const std::exception& failure) {
-        if (!std::string_view(failure.what()).starts_with(message::CannotOpen))
+        if (!std::string_view(failure.what()).starts_with(message::cannotOpen))
             throw;
     }
 }

@@ -3,9 +3,9 @@
 #include <utility>
 
 #include "blocks/section_block.h"
+#include "data/visibility.h"
 #include "parser/parameter_path.h"
 #include "parser/tag_builders.h"
-#include "parser/visibility.h"
 #include "source/template.h"
 
 namespace zorvel
@@ -23,8 +23,7 @@ OptionalMode modeFor(ParamStatus status)
 
 } // namespace
 
-void parseOptionalTag(Template& tpl, BlockList& blocks, std::unique_ptr<TextBlock>& pending, std::string_view parameter,
-                      bool negated)
+void parseOptionalTag(Template& tpl, BlockList& blocks, PendingText& pending, std::string_view parameter, bool negated)
 {
     Template::flushText(blocks, pending);
     const std::size_t space = parameter.find(' ');

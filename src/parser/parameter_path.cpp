@@ -16,10 +16,7 @@ namespace
 class SegmentReader
 {
 public:
-    SegmentReader(const Template& tpl, std::string_view parameter)
-        : source_(tpl.fileNames.back()), parameter_(parameter)
-    {
-    }
+    SegmentReader(const Template& tpl, std::string_view parameter) : source_(tpl.name()), parameter_(parameter) {}
 
     ParameterView read();
 
@@ -59,10 +56,10 @@ ParameterView SegmentReader::read()
     while (separator != std::string_view::npos) {
         const std::size_t begin = separator + 2;
         if (begin >= end)
-            throwError(message::BadPath, parameter_, message::TooManyColons, source_);
+            throwError(message::badPath, parameter_, message::tooManyColons, source_);
         take(parameter_.substr(begin, end - begin), false);
         if (separator == 0)
-            throwError(message::BadPath, parameter_, message::TooManyColons, source_);
+            throwError(message::badPath, parameter_, message::tooManyColons, source_);
         end = separator;
         separator = findLastSeparator(parameter_, end);
     }
@@ -82,16 +79,16 @@ void SegmentReader::take(std::string_view segment, bool first)
 void SegmentReader::takeWildcard(ParamStatus wildcard, bool first)
 {
     if (view_.status != ParamStatus::Found)
-        fail(first, message::FirstTooManyWildcards, message::TooManyWildcards);
+        fail(first, message::firstTooManyWildcards, message::tooManyWildcards);
     if (wildcard == ParamStatus::LoopKey && !view_.path.empty())
-        throwError(message::KeyNotLast, source_);
+        throwError(message::keyNotLast, source_);
     view_.status = wildcard;
 }
 
 void SegmentReader::takeName(std::string_view name, bool first)
 {
     if (!view_.namespaceName.empty())
-        fail(first, message::FirstTooManyNamespaces, message::TooManyNamespaces);
+        fail(first, message::firstTooManyNamespaces, message::tooManyNamespaces);
     if (view_.status != ParamStatus::Found)
         view_.namespaceName = name;
     else
@@ -102,8 +99,10 @@ void SegmentReader::fail(bool first, std::string_view firstText, std::string_vie
 {
     if (first)
         throwError(firstText, source_);
-    throwError(message::BadPath, parameter_, text, source_);
+    throwError(message::badPath, parameter_, text, source_);
 }
+
+} // namespace
 
 std::deque<std::string> keysOf(const ParameterView& view)
 {
@@ -117,8 +116,6 @@ std::deque<std::string> keysOf(const ParameterView& view)
     return keys;
 }
 
-} // namespace
-
 ParsedParameter parseParameterPath(Template& tpl, std::string_view parameter)
 {
     const ParameterView view = SegmentReader(tpl, parameter).read();
@@ -131,12 +128,12 @@ ResolvedParameter resolveParameter(Template& tpl, std::string_view parameter)
     return {view.value, keysOf(view), std::string(view.namespaceName), view.status};
 }
 
-ParameterView resolveView(Template& tpl, std::string_view parameter)
+ParameterView resolveView(const Template& tpl, std::string_view parameter)
 {
     ParameterView view = SegmentReader(tpl, parameter).read();
     if (view.status != ParamStatus::Found)
         return view;
-    view.value = lookupAbsolutePath(tpl, view.path);
+    view.value = lookupAbsolutePath(tpl.input->userData, view.path);
     if (view.value == nullptr)
         view.status = ParamStatus::NotFound;
     return view;

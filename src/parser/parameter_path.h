@@ -5,12 +5,12 @@
 #include <string>
 #include <string_view>
 
-#include "php.h"
+#include <php.h>
+
+#include "source/template_fwd.h"
 
 namespace zorvel
 {
-
-class Template;
 
 enum class ParamStatus : std::int32_t {
     Found = 0,     ///< an absolute path; once resolved, one whose value exists
@@ -45,6 +45,9 @@ struct ParameterView {
     ParamStatus status = ParamStatus::Found;
 };
 
+/// The keys of a parameter's path.
+std::deque<std::string> keysOf(const ParameterView& view);
+
 /// Reads the syntax of a parameter: names, "*" and "[*]" between "::", at most one of them a wildcard.
 ///
 ///     user::name          the keys "user" and "name"
@@ -63,6 +66,6 @@ ParsedParameter parseParameterPath(Template& tpl, std::string_view parameter);
 ResolvedParameter resolveParameter(Template& tpl, std::string_view parameter);
 
 /// The same without a copy of anything.
-ParameterView resolveView(Template& tpl, std::string_view parameter);
+ParameterView resolveView(const Template& tpl, std::string_view parameter);
 
 } // namespace zorvel

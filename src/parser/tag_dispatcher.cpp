@@ -20,13 +20,13 @@ struct TagKeyword {
 
 [[noreturn]] void failUnexpectedClose(const Template& tpl, BlockType type)
 {
-    const std::string_view text = type == EndOptional  ? message::UnexpectedEndOptional
-                                  : type == EndDynamic ? message::UnexpectedEndDynamic
-                                                       : message::UnexpectedEndReverseDynamic;
-    throwError(text, tpl.fileNames.back());
+    const std::string_view text = type == EndOptional  ? message::unexpectedEndOptional
+                                  : type == EndDynamic ? message::unexpectedEndDynamic
+                                                       : message::unexpectedEndReverseDynamic;
+    throwError(text, tpl.name());
 }
 
-void buildTag(Template& tpl, BlockList& blocks, std::unique_ptr<TextBlock>& pending, const TagInfo& tag)
+void buildTag(Template& tpl, BlockList& blocks, PendingText& pending, const TagInfo& tag)
 {
     switch (tag.type) {
     case Include:
@@ -79,6 +79,8 @@ TagInfo classifyTag(std::string_view tagText)
 
 std::string trimParameter(std::string_view tagText, std::size_t keywordLength)
 {
+    if (tagText.empty())
+        return {};
     const std::string_view rest = tagText.substr(keywordLength);
     const std::size_t first = skipBlanks(rest, 0);
     if (first == rest.size())
@@ -89,7 +91,7 @@ std::string trimParameter(std::string_view tagText, std::size_t keywordLength)
     return std::string(rest.substr(first, end - first));
 }
 
-bool dispatchTag(Template& tpl, BlockList& blocks, std::unique_ptr<TextBlock>& pending, int expectedClose)
+bool dispatchTag(Template& tpl, BlockList& blocks, PendingText& pending, int expectedClose)
 {
     std::string text;
     tpl.reader.readUntil(text, '}');

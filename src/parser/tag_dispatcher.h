@@ -7,11 +7,10 @@
 
 #include "blocks/block.h"
 #include "blocks/text_block.h"
+#include "source/template_fwd.h"
 
 namespace zorvel
 {
-
-class Template;
 
 struct TagInfo {
     /// The tag's text behind the keyword, trimmed.
@@ -32,6 +31,6 @@ std::string trimParameter(std::string_view tagText, std::size_t keywordLength);
 /// @param expectedClose the code of the closing tag that the innermost open section waits for, 0: none
 /// @return true when the tag was that closing tag
 /// @throws std::runtime_error for any other closing tag, and for what the tag's builder finds wrong
-bool dispatchTag(Template& tpl, BlockList& blocks, std::unique_ptr<TextBlock>& pending, int expectedClose);
+bool dispatchTag(Template& tpl, BlockList& blocks, PendingText& pending, int expectedClose);
 
 } // namespace zorvel

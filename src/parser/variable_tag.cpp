@@ -50,7 +50,7 @@ private:
 std::string_view defaultTextAt(const Template& tpl, std::string_view parameter, std::size_t quote)
 {
     if (quote + 1 == parameter.size() || parameter.back() != '\'')
-        throwError(message::BadVariable, parameter, message::QuoteNotClosed, tpl.fileNames.back());
+        throwError(message::badVariable, parameter, message::quoteNotClosed, tpl.name());
     return parameter.substr(quote + 1, parameter.size() - quote - 2);
 }
 
@@ -61,7 +61,7 @@ Alternatives splitAlternatives(const Template& tpl, std::string_view parameter)
     if (quote == std::string_view::npos)
         return {parameter, {}};
     if (quote > 0 && !isBlank(parameter[quote - 1]))
-        throwError(message::BadVariable, parameter, message::QuoteInWord, tpl.fileNames.back());
+        throwError(message::badVariable, parameter, message::quoteInWord, tpl.name());
     return {parameter.substr(0, quote), defaultTextAt(tpl, parameter, quote)};
 }
 
@@ -78,7 +78,7 @@ std::unique_ptr<Block> buildBlock(const Alternatives& alternatives)
 
 } // namespace
 
-void parseVariableTag(Template& tpl, BlockList& blocks, std::unique_ptr<TextBlock>& pending, std::string_view parameter)
+void parseVariableTag(Template& tpl, BlockList& blocks, PendingText& pending, std::string_view parameter)
 {
     const Alternatives alternatives = splitAlternatives(tpl, parameter);
     WordCursor words(alternatives.words);

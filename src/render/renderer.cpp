@@ -6,7 +6,7 @@
 #include "blocks/section_block.h"
 #include "blocks/text_block.h"
 #include "blocks/variable_block.h"
-#include "engine/escaping.h"
+#include "data/escaping.h"
 #include "engine/guard.h"
 #include "ext/failure.h"
 #include "render/section_renderer.h"
@@ -45,11 +45,11 @@ RendererEntry dynamicEntry(BlockType type, bool reverse)
             }};
 }
 
-template <BlockType Type>
-RendererEntry filterEntry(const Escaping& escaping)
+template <BlockType Code>
+RendererEntry filterEntry()
 {
-    return {Type, [&escaping](Template& tpl, Block& block, std::string& out, const zval* data) {
-                renderEscaped(tpl, as<FilterBlock<Type>>(block), out, data, escaping);
+    return {Code, [](Template& tpl, Block& block, std::string& out, const zval* data) {
+                renderEscaped(tpl, as<FilterBlock<Code>>(block), out, data, escapingOf<Code>());
             }};
 }
 
@@ -79,10 +79,10 @@ std::vector<RendererEntry> buildRendererTable()
         dynamicEntry(ReverseDynamic, true),
         {Variable, [](Template& tpl, Block& block, std::string& out,
                       const zval* data) { renderMultiVariable(tpl, as<MultiVariableBlock>(block), out, data); }},
-        filterEntry<Addslashes>(addslashesEscaping),
-        filterEntry<Htmlentities>(htmlentitiesEscaping),
-        filterEntry<Htmlspecialchars>(htmlspecialcharsEscaping),
-        filterEntry<Rawurlencode>(rawurlencodeEscaping),
+        filterEntry<Addslashes>(),
+        filterEntry<Htmlentities>(),
+        filterEntry<Htmlspecialchars>(),
+        filterEntry<Rawurlencode>(),
     };
     std::sort(table.begin(), table.end(),
               [](const RendererEntry& a, const RendererEntry& b) { return a.type < b.type; });
@@ -94,10 +94,10 @@ void renderBlocks(Template& tpl, const BlockList& blocks, std::string& out, cons
     static const std::vector<RendererEntry> rendererTable = buildRendererTable();
 
     if (stackIsUsedUp())
-        throwError(message::TooDeep, tpl.fileNames.back());
+        throwError(message::tooDeep, tpl.name());
     for (const auto& block : blocks) {
         if (block == nullptr)
-            throwError(message::NullBlock);
+            throwError(message::nullBlock);
         if (const BlockRenderer* renderer = findRenderer(rendererTable, block->type))
             (*renderer)(tpl, *block, out, data);
     }

@@ -5,14 +5,13 @@
 #include <string>
 #include <vector>
 
-#include "php.h"
+#include <php.h>
 
 #include "blocks/block.h"
+#include "source/template_fwd.h"
 
 namespace zorvel
 {
-
-class Template;
 
 /// Renders one block: appends its text to the output. The last argument is the current data element, the
 /// one that the innermost loop being rendered has reached; null outside every loop.

@@ -4,10 +4,10 @@
 #include <cstddef>
 
 #include "data/path_lookup.h"
-#include "parser/visibility.h"
+#include "data/visibility.h"
+#include "engine/reserve_ahead.h"
 #include "render/renderer.h"
 #include "render/table_walk.h"
-#include "source/reserve_ahead.h"
 #include "source/template.h"
 
 namespace zorvel
@@ -67,7 +67,7 @@ private:
 
 } // namespace
 
-DynamicBlock* findLoop(Template& tpl, const std::string& name)
+DynamicBlock* findLoop(const Template& tpl, const std::string& name)
 {
     for (DynamicBlock* loop : tpl.dynamicStack) {
         if (loop->declaredNamespace == name)
@@ -76,7 +76,7 @@ DynamicBlock* findLoop(Template& tpl, const std::string& name)
     return nullptr;
 }
 
-LoopPosition findPosition(Template& tpl, const std::string& name, const zval* data)
+LoopPosition findPosition(const Template& tpl, const std::string& name, const zval* data)
 {
     if (data == nullptr)
         return {nullptr, nullptr};

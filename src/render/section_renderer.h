@@ -2,17 +2,16 @@
 
 #include <string>
 
-#include "php.h"
+#include <php.h>
 
 #include "blocks/section_block.h"
+#include "source/template_fwd.h"
 
 namespace zorvel
 {
 
-class Template;
-
 /// The outermost loop being rendered that declares this name; null when none does.
-DynamicBlock* findLoop(Template& tpl, const std::string& name);
+DynamicBlock* findLoop(const Template& tpl, const std::string& name);
 
 /// Where a loop path starts. The loop is null when there is no such loop, and outside every loop.
 struct LoopPosition {
@@ -22,7 +21,7 @@ struct LoopPosition {
 
 /// The position of the loop with this name, or for an empty name of the innermost one, whose element is
 /// `data`.
-LoopPosition findPosition(Template& tpl, const std::string& name, const zval* data);
+LoopPosition findPosition(const Template& tpl, const std::string& name, const zval* data);
 
 /// Renders the children once or not at all.
 /// @param negate whether the test that depends on a loop is inverted; outside every loop nothing is rendered

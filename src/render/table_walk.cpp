@@ -11,15 +11,22 @@ namespace zorvel
 namespace
 {
 
+/// Not zend_array_dup, which turns a reference that nobody else holds into its value.
+HashTable* copyOf(HashTable* table)
+{
+    HashTable* const copy = zend_new_array(zend_hash_num_elements(table));
+    zend_hash_copy(copy, table, [](zval* element) { Z_TRY_ADDREF_P(element); });
+    return copy;
+}
+
 /// The object is held while user code may run to make its properties.
 TableRef copyOfProperties(const zval* object)
 {
-    ValueRef held;
-    held.hold(object);
+    ValueRef held = ValueRef::share(object);
     HashTable* const properties = propertiesOf(held.get());
     TableRef copy;
     if (properties != nullptr)
-        catchingBailout([&] { copy = TableRef::owning(zend_array_dup(properties)); });
+        catchingBailout([&] { copy = TableRef::adopt(copyOf(properties)); });
     return copy;
 }
 
@@ -28,7 +35,7 @@ TableRef copyOfProperties(const zval* object)
 TableWalk::TableWalk(const zval* value, bool reverse) : reverse_(reverse)
 {
     if (Z_TYPE_P(value) == IS_ARRAY)
-        table_ = TableRef(Z_ARRVAL_P(value));
+        table_ = TableRef::share(Z_ARRVAL_P(value));
     else if (Z_TYPE_P(value) == IS_OBJECT)
         table_ = copyOfProperties(value);
     if (table_.get() == nullptr)
@@ -60,7 +67,7 @@ void TableWalk::readKey(std::string& key)
         return;
     }
     std::array<char, 20> digits;
-    key.assign(digits.data(), std::to_chars(digits.begin(), digits.end(), index).ptr);
+    key.assign(digits.data(), std::to_chars(digits.data(), digits.data() + digits.size(), index).ptr);
 }
 
 void TableWalk::advance()

@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <string>
 
-#include "php.h"
+#include <php.h>
 
 #include "engine/holders.h"
 

@@ -26,10 +26,7 @@ void storePath(VariableBlock& block, const ParameterView& view)
 {
     block.namespaceName = view.namespaceName;
     block.outputKey = view.status == ParamStatus::LoopKey;
-    block.path.clear();
-    KeyCursor keys(view.path);
-    for (std::string_view key; !view.path.empty() && keys.next(key);)
-        block.path.emplace_back(key);
+    block.path = keysOf(view);
 }
 
 bool appendCandidate(Template& tpl, MultiVariableBlock& block, std::string_view candidate, std::string& out,
@@ -64,7 +61,7 @@ bool appendFirstValue(Template& tpl, MultiVariableBlock& block, std::string& out
 
 } // namespace
 
-ValueText variableText(Template& tpl, const VariableBlock& block, const zval* data)
+ValueText variableText(const Template& tpl, const VariableBlock& block, const zval* data)
 {
     const LoopPosition position = findPosition(tpl, block.namespaceName, data);
     if (position.loop == nullptr)
@@ -88,7 +85,7 @@ void renderEscaped(Template& tpl, VariableBlock& block, std::string& out, const 
     const auto start = static_cast<std::size_t>(unsafe.data() - text.data());
     out += text.substr(0, start);
     if (!unsafe.empty())
-        out += escape(escaping, unsafe, "ISO-8859-1").text();
+        out += escape(escaping, unsafe, "ISO-8859-1").textUpToNul();
     out += text.substr(start + unsafe.size());
 }
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "engine/reserve_ahead.h"
 #include "ext/failure.h"
-#include "source/reserve_ahead.h"
 
 namespace zorvel
 {
@@ -47,7 +47,7 @@ const char* findBrace(const char* from, const char* end)
 
 } // namespace
 
-SourceReader::SourceReader(const std::string& source, bool inMemory) : stringMode(inMemory)
+SourceReader::SourceReader(const std::string& source, bool stringMode) : stringMode(stringMode)
 {
     if (stringMode) {
         buffer.assign(source.begin(), source.end());
@@ -55,7 +55,7 @@ SourceReader::SourceReader(const std::string& source, bool inMemory) : stringMod
     }
     stream = Stream::open(source);
     if (!stream)
-        throwError(message::CannotOpen, " ", source);
+        throwError(message::cannotOpen, " ", source);
 }
 
 bool SourceReader::atEnd() const

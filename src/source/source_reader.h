@@ -56,7 +56,7 @@ private:
     const bool stringMode;
     /// String mode only: the text has been scanned to its end.
     bool exhausted = false;
-    /// Empty in string mode. Closed when the reader is destroyed, not before.
+    /// Empty in string mode. Closed by close(), or when the reader is destroyed.
     Stream stream;
     /// Index of the first byte in buffer that has not been delivered.
     std::size_t pos = 0;

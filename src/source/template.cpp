@@ -18,8 +18,8 @@ constexpr std::size_t TEXT_RESERVE = 240;
 
 } // namespace
 
-Template::Template(std::string source, TemplateInput* callInput, bool inMemory)
-    : input(callInput), reader(source, inMemory), stringMode(inMemory)
+Template::Template(std::string source, TemplateInput* input, bool stringMode)
+    : input(input), reader(source, stringMode), stringMode(stringMode)
 {
     fileNames.push_back(std::move(source));
 }
@@ -31,20 +31,20 @@ void Template::parse()
     parseBlocks(blocks, pending, 0);
 }
 
-void Template::parseBlocks(BlockList& list, std::unique_ptr<TextBlock>& pending, int expectedClose)
+void Template::parseBlocks(BlockList& list, PendingText& pending, int expectedClose)
 {
     if (stackIsUsedUp())
-        throwError(message::TooDeep, fileNames.back());
+        throwError(message::tooDeep, name());
 
     bool closed = false;
     while (!closed && !reader.atEnd())
         closed = reader.readUntil(pending->text, '{') && dispatchTag(*this, list, pending, expectedClose);
     flushText(list, pending);
     if (!closed && expectedClose != 0)
-        throwError(message::MissingClose, fileNames.back());
+        throwError(message::missingClose, name());
 }
 
-void Template::flushText(BlockList& list, std::unique_ptr<TextBlock>& pending)
+void Template::flushText(BlockList& list, PendingText& pending)
 {
     if (pending->text.empty())
         return;

@@ -4,10 +4,11 @@
 #include <string>
 #include <vector>
 
-#include "php.h"
+#include <php.h>
 
 #include "blocks/block.h"
 #include "blocks/text_block.h"
+#include "data/path_lookup.h"
 #include "source/source_reader.h"
 
 namespace zorvel
@@ -29,7 +30,7 @@ class Template
 {
 public:
     /// @throws std::runtime_error when the file cannot be opened
-    Template(std::string source, TemplateInput* callInput, bool inMemory);
+    Template(std::string source, TemplateInput* input, bool stringMode);
     Template(const Template&) = delete;
     Template& operator=(const Template&) = delete;
 
@@ -40,15 +41,18 @@ public:
     /// read or, with 0, the input ends.
     /// @param pending text that has been read and is in no list yet; afterwards empty
     /// @throws std::runtime_error for every fault in the template's text
-    void parseBlocks(BlockList& list, std::unique_ptr<TextBlock>& pending, int expectedClose);
+    void parseBlocks(BlockList& list, PendingText& pending, int expectedClose);
 
     /// Moves pending text, when there is any, to the end of `list`. Done before any other block is added, so
     /// that text and tags keep their order.
-    static void flushText(BlockList& list, std::unique_ptr<TextBlock>& pending);
+    static void flushText(BlockList& list, PendingText& pending);
 
     /// The page. To be called once: a page that parsing has settled to a single text is moved out of its
     /// block, since copies of large texts cost more in page faults than all parsing.
     std::string render();
+
+    /// This source's name, the one that messages cite.
+    const std::string& name() const { return fileNames.back(); }
 
     /// The top-level blocks. Empty in an included file's template.
     BlockList blocks;
@@ -58,9 +62,14 @@ public:
     TemplateInput* input;
     SourceReader reader;
     bool stringMode;
-    /// The include chain, this source's name last; messages cite that one. In string mode the first is the
-    /// text itself.
+    /// The include chain, this source's name last. In string mode the first is the text itself.
     std::vector<std::string> fileNames;
 };
+
+/// The same from the root of the call's user data.
+inline const zval* lookupPath(const Template& tpl, const std::deque<std::string>& path, const zval* start)
+{
+    return lookupPath(tpl.input->userData, path, start);
+}
 
 } // namespace zorvel

@@ -1,11 +1,12 @@
 #include <malloc.h>
 
+#include <algorithm>
 #include <string>
 #include <thread>
 
 #include <gtest/gtest.h>
 
-#include "engine.h"
+#include "embed.h"
 
 namespace
 {
@@ -37,7 +38,8 @@ const std::string prologue = R"php(
         public static $acts = [];
         public $context, $text;
         public function stream_open($name) {
-            $this->text = preg_replace_callback('/^[1-9]\d*$/', fn($n) => '{include in://' . $n[0] - 1 . '}', substr($name, 5));
+            $next = fn($n) => '{include in://' . $n[0] - 1 . '}';
+            $this->text = preg_replace_callback('/^[1-9]\d*$/', $next, substr($name, 5));
             return $this->does('open');
         }
         public function stream_read() { $this->does('read'); [$piece, $this->text] = [$this->text, '']; return $piece; }
@@ -50,25 +52,28 @@ const std::string prologue = R"php(
 )php";
 
 struct Program {
+    const char* name;
     const char* code;
+    /// All that it prints; behind a "*" anything may follow.
     const char* prints;
 };
 
-/// Where user code runs during a call; $act is what it does there.
+/// Where user code runs during a call; $act is what it does there. A call that went on would meet the stray closing tag.
 const char* const places[] = {
-    "page('{optional b}{/optional}{o}', ['o' => new Text($act)]);",
-    "page('{dynamic a}{*}{/dynamic}', ['a' => [new Text($act)]]);",
+    "page('{optional b}{/optional}{o}{/optional}', ['o' => new Text($act)]);",
+    "page('{dynamic a}{*}{dynamic n::*}{/dynamic}{/dynamic}', ['a' => [new Text($act)]]);",
     "page('{dynamic a}{htmlentities *}{/dynamic}', ['a' => [new Text($act)]]);",
     "global $o; $o = new Text(function () { $GLOBALS['o'] = null; }, $act); page('{o}', ['o' => &$o]);",
-    "set_error_handler($act); page('{a}', ['a' => []]);",
+    "set_error_handler($act); page('{a}{/optional}', ['a' => []]);",
     "set_error_handler($act); page('{dynamic a}{*}{/dynamic}', ['a' => [[]]]);",
     "set_error_handler($act); page('x{optional a}');",
     "set_error_handler($act); page([]);",
-    "Files::$acts = ['open' => $act]; page('x{include in://y}');",
-    "Files::$acts = ['read' => $act]; page('in://x{a', [], false);",
-    "Files::$acts = ['eof' => $act]; page('in://x{include in://y}', [], false);",
+    "Files::$acts = ['open' => $act]; page('x{include in://y}{/optional}');",
+    "Files::$acts = ['read' => $act]; page('in://x{a{/optional}', [], false);",
+    "Files::$acts = ['eof' => $act]; page('in://x{include in://y}{/optional}', [], false);",
     "Files::$acts = ['close' => $act]; page('in://x', [], false) || 1;",
-    "Files::$acts = ['close' => $act]; page('x{include in://y}{o}', ['o' => new Text(fn() => print('late'))]);",
+    "Files::$acts = ['close' => $act]; page('in://x{/optional}', [], false);",
+    "Files::$acts = ['close' => $act]; page('x{include in://y}{o}{/optional}', ['o' => new Text(fn() => print('late'))]);",
     "Files::$acts = ['close' => $act]; page('x{include in://y{/optional}}z');",
     "page('{dynamic n,a}{dynamic n::*}{*}{/dynamic}{/dynamic}', ['a' => [lazy('newLazyGhost', $act)]]);",
     "page('{dynamic n,a}{dynamic n::*}{*}{/dynamic}{/dynamic}', ['a' => [lazy('newLazyProxy', $act)]]);",
@@ -76,40 +81,106 @@ const char* const places[] = {
 
 /// Each ends the call there and then, and nothing but itself is heard of.
 const Program acts[] = {
-    {"fn() => str_repeat('x', 1 << 40)", "fatal"},
-    {"fn() => throw new Exception('thrown')", "thrown"},
-    {"fn() => exit", ""},
-    {"fn() => Fiber::suspend()", ""},
+    {"fatal error", "fn() => str_repeat('x', 1 << 40)", "fatal"},
+    {"exception", "fn() => throw new Exception('thrown')", "thrown"},
+    {"type error", "fn() => throw new TypeError('thrown')", "thrown"},
+    {"exit", "fn() => exit", ""},
+    {"suspension", "fn() => Fiber::suspend()", ""},
 };
 
 const Program programs[] = {
-    {"ini_set('memory_limit', '4M'); page('{dynamic a}{*}{/dynamic}', ['a' => array_fill(0, 900, str_repeat('x', 9999))]);", "fatal"},
-    {"ini_set('memory_limit', '4M'); page('{dynamic a}{htmlentities *}{/dynamic}', ['a' => [str_repeat('<', 3 << 19)]]);", "fatal"},
-    {"ini_set('memory_limit', '4M'); page('{addslashes a}', ['a' => str_repeat('\\'', 3 << 19)]);", "fatal"},
-    {"ini_set('memory_limit', '4M'); page('{optional a}' . str_repeat('x', 5 << 18));", "fatal"},
-    // Arrays and objects that change while they are walked.
-    {"$a = [new Text(function () use (&$a) { $a = []; }), 'x', 'y']; page('{dynamic a}{*}{*},{/dynamic}', ['a' => &$a]);", "oo,xx,yy,"},
-    {"$a = [new Text(function () use (&$a) { for ($i = 0; $i < 99; $i++) $a[] = 'z'; }), 'x']; page('{rdynamic a}{*},{/rdynamic}', ['a' => &$a]);", "x,o,"},
-    {"$a = [1]; page('{dynamic n,a}{o}{n::*}{/dynamic}', ['a' => &$a, 'o' => new Text(function () use (&$a) { $a = 5; })]);", ""},
-    {"$a = [1]; page('{o}{dynamic n,a}{n::*}{/dynamic}', ['a' => &$a, 'o' => new Text(function () use (&$a) { $a = 5; })]);", "o"},
-    {"set_error_handler(function () use (&$a) { $a = null; }); $a = [[], [1]]; page('{dynamic a}{*}{*}{/dynamic}', ['a' => &$a]);", "ArrayArrayArrayArray"},
-    {"$r = new Row; $r->a = new Text(function () use ($r) { unset($r->b); $r->c = null; }); page('{dynamic n,a}{dynamic n::*}{*},{/dynamic}{/dynamic}', ['a' => [['num' => $r]]]);", "o,b,c,"},
-    {"$r = new Row; $r->a = new Text(function () use ($r) { @$r->d = 1; }); page('{dynamic n,a}{dynamic n::*}{[*]}{/dynamic}{/dynamic}', ['a' => [['num' => $r]]]); $r->b = 'new'; foreach ($r as $k => $v) echo $k === 'b' ? $v : '';", "abcnew"},
-    {"$p = lazy('newLazyProxy', function () { $r = new Row; $r->a = new Text(function () { (new ReflectionClass(Row::class))->resetAsLazyProxy($GLOBALS['p']['num'], fn() => new Row); }); return $r; }); page('{dynamic n,a}{dynamic n::*}{*},{/dynamic}{/dynamic}', ['a' => [$p]]);", "o,b,c,"},
-    {"$r = new Row; $r->a = lazy('newLazyGhost', function () use ($r) { $r->a = null; })['num']; page('{dynamic n,a}{dynamic n::*}{*::0}.{/dynamic}{/dynamic}', ['a' => [['num' => $r]]]);", "..."},
-    // The template's own stream, and calls within the call.
-    {"set_error_handler(fn() => true); closes(fclose(...));", "9001"},
-    {"closes(pclose(...));", "4090"},
-    {"set_error_handler(fn() => true); Files::$acts = ['read' => fn() => closeAll(fclose(...))]; page('in://x{a}', ['a' => 1], false);", "x1"},
-    {"set_error_handler(fn() => true); Files::$acts = ['eof' => fn() => closeAll(fclose(...))]; page('in://x{a}', ['a' => 1], false);", "x1"},
-    {"$d = ['o' => new Text(function () use (&$d) { page('{dynamic a}{*}{/dynamic}', $d); page('{/optional}'); }), 'a' => [1, 2]]; page('{dynamic a}{o}{*}{/dynamic}', $d);", "12[Unexpected closing optional tag in {/opt]nullo1o2"},
-    {"$t = new Text(fn() => zorvel('{t}', ['t' => $GLOBALS['t']], true)); page('{t}', ['t' => $t]);", "Maximum call stack size"},
-    // Bad arguments: the exception is the engine's.
-    {"spl_autoload_register(fn() => print('load')); set_error_handler(fn() => class_exists('None') || print('end')); page([]);", "loadendzorvel(): Argument #1 ($fileName) must be of type string, array given"},
-    {"set_error_handler(fn() => throw new Exception('handler')); page(new Text(fn() => exit)); echo 'alive';", ""},
-    // Names that name no file.
-    {"page(\"in://x\\0y\", [], false); page(\"x{include in://y\\0}{include b}\", ['b' => \"\\0in://z\"]);", "[Could not open file in://x]nullx"},
-    {"$file = tempnam(sys_get_temp_dir(), ''); ini_set('open_basedir', '/proc'); page($file, [], false); page('{include a}', ['a' => $file]);", "[PHP Request Startup: open_basedir restri][Could not open file /"},
+    {"memory_limit in a conversion",
+     "ini_set('memory_limit', '4M');"
+     "page('{dynamic a}{*}{/dynamic}', ['a' => array_fill(0, 900, str_repeat('x', 9999))]);",
+     "fatal"},
+    {"memory_limit in a loop's filter",
+     "ini_set('memory_limit', '4M'); page('{dynamic a}{htmlentities *}{/dynamic}', ['a' => [str_repeat('<', 3 << 19)]]);",
+     "fatal"},
+    {"memory_limit in a filter",
+     "ini_set('memory_limit', '4M'); page('{addslashes a}', ['a' => str_repeat('\\'', 3 << 19)]);", "fatal"},
+    {"memory_limit in the message",
+     "ini_set('memory_limit', '4M'); page('{optional a}' . str_repeat('x', 5 << 18));", "fatal"},
+
+    {"array emptied while walked",
+     "$a = [new Text(function () use (&$a) { $a = []; }), 'x', 'y'];"
+     "page('{dynamic a}{*}{*},{/dynamic}', ['a' => &$a]);",
+     "oo,xx,yy,"},
+    {"array that grows while walked",
+     "$a = [new Text(function () use (&$a) { for ($i = 0; $i < 99; $i++) $a[] = 'z'; }), 'x'];"
+     "page('{rdynamic a}{*},{/rdynamic}', ['a' => &$a]);",
+     "x,o,"},
+    {"array overwritten by its first element's page",
+     "$a = [1]; $o = new Text(function () use (&$a) { $a = 5; });"
+     "page('{dynamic n,a}{o}{n::*}{/dynamic}', ['a' => &$a, 'o' => $o]);",
+     ""},
+    {"array overwritten before its loop",
+     "$a = [1]; $o = new Text(function () use (&$a) { $a = 5; });"
+     "page('{o}{dynamic n,a}{n::*}{/dynamic}', ['a' => &$a, 'o' => $o]);",
+     "o"},
+    {"array released by an error handler",
+     "set_error_handler(function () use (&$a) { $a = null; }); $a = [[], [1]];"
+     "page('{dynamic a}{*}{*}{/dynamic}', ['a' => &$a]);",
+     "ArrayArrayArrayArray"},
+    {"collector that runs while rows are walked",
+     "class N { public $rows; static $dead = 0; function __destruct() { self::$dead++; } }"
+     "for ($i = 0; $i < 100; $i++) {"
+     "    $n = new N; $n->rows = [new Text(function () { $GLOBALS['cell'] = null; gc_collect_cycles(); return ''; }), $n];"
+     "    $cell = $n->rows; unset($n);"
+     "    page('{dynamic a}{optional [*] 0}{*}{/optional}{/dynamic}', ['a' => &$cell]);"
+     "}"
+     "gc_collect_cycles(); echo N::$dead;",
+     "100"},
+    {"properties unset while walked",
+     "$r = new Row; $r->a = new Text(function () use ($r) { unset($r->b); $r->c = null; });"
+     "page('{dynamic n,a}{dynamic n::*}{*},{/dynamic}{/dynamic}', ['a' => [['num' => $r]]]);",
+     "o,b,c,"},
+    {"property added while walked",
+     "$r = new Row; $r->a = new Text(function () use ($r) { @$r->d = 1; });"
+     "page('{dynamic n,a}{dynamic n::*}{[*]}{/dynamic}{/dynamic}', ['a' => [['num' => $r]]]);"
+     "$r->b = 'new'; foreach ($r as $k => $v) echo $k === 'b' ? $v : '';",
+     "abcnew"},
+    {"proxy reset while walked",
+     "$p = lazy('newLazyProxy', function () {"
+     "    $reset = fn() => (new ReflectionClass(Row::class))->resetAsLazyProxy($GLOBALS['p']['num'], fn() => new Row);"
+     "    $r = new Row; $r->a = new Text(function () use ($reset) { $reset(); }); return $r;"
+     "});"
+     "page('{dynamic n,a}{dynamic n::*}{*},{/dynamic}{/dynamic}', ['a' => [$p]]);",
+     "o,b,c,"},
+    {"ghost that overwrites itself",
+     "$r = new Row; $r->a = lazy('newLazyGhost', function () use ($r) { $r->a = null; })['num'];"
+     "page('{dynamic n,a}{dynamic n::*}{*::0}.{/dynamic}{/dynamic}', ['a' => [['num' => $r]]]);",
+     "..."},
+
+    {"fclose on the template", "set_error_handler(fn() => true); closes(fclose(...));", "9001"},
+    {"pclose on the template", "closes(pclose(...));", "4090"},
+    {"fclose in a read",
+     "set_error_handler(fn() => true); Files::$acts = ['read' => fn() => closeAll(fclose(...))];"
+     "page('in://x{a}', ['a' => 1], false);",
+     "x1"},
+    {"fclose in a test for the end",
+     "set_error_handler(fn() => true); Files::$acts = ['eof' => fn() => closeAll(fclose(...))];"
+     "page('in://x{a}', ['a' => 1], false);",
+     "x1"},
+    {"calls within the call",
+     "$o = new Text(function () use (&$d) { page('{dynamic a}{*}{/dynamic}', $d); page('{/optional}'); });"
+     "$d = ['o' => $o, 'a' => [1, 2]]; page('{dynamic a}{o}{*}{/dynamic}', $d);",
+     "12[Unexpected closing optional tag in {/opt]nullo1o2"},
+    {"calls without end", "$t = new Text(fn() => zorvel('{t}', ['t' => $GLOBALS['t']], true)); page('{t}', ['t' => $t]);",
+     "Maximum call stack size*"},
+
+    {"bad arguments and a handler that autoloads",
+     "spl_autoload_register(fn() => print('load'));"
+     "set_error_handler(fn() => class_exists('None') || print('end')); page([]);",
+     "loadendzorvel(): Argument #1 ($fileName) must be of type string, array given"},
+    {"bad arguments and a handler that throws",
+     "set_error_handler(fn() => throw new Exception('handler')); page(new Text(fn() => exit)); echo 'alive';", ""},
+    {"names with NUL bytes",
+     "page(\"in://x\\0y\", [], false); page(\"x{include in://y\\0}{include b}\", ['b' => \"\\0in://z\"]);",
+     "[Could not open file in://x]nullx"},
+    {"open_basedir",
+     "$file = tempnam(sys_get_temp_dir(), ''); ini_set('open_basedir', '/proc');"
+     "page($file, [], false); page('{include a}', ['a' => $file]);",
+     "[PHP Request Startup: open_basedir restri][Could not open file /*"},
 };
 
 // clang-format on
@@ -122,24 +193,29 @@ std::size_t heapInUse()
     return heap.uordblks + heap.hblkhd;
 }
 
-void expect(const std::string& code, const std::string& prints)
+void expect(const std::string& name, const std::string& code, std::string prints)
 {
-    const std::string printed = engine::request(prologue + code);
-    EXPECT_EQ(printed.substr(0, prints.empty() ? std::string::npos : prints.size()), prints) << code;
+    std::string printed = embed::request(prologue + code);
+    if (prints.ends_with('*')) {
+        prints.pop_back();
+        printed.resize(std::min(printed.size(), prints.size()));
+    }
+    EXPECT_EQ(printed, prints) << name;
 }
 
 void runAll(int rounds)
 {
-    const engine::RequestThread thread;
+    const embed::RequestThread thread;
     for (; rounds > 0; --rounds) {
-        for (const auto& [code, prints] : programs)
-            expect(code, prints);
+        for (const auto& [name, code, prints] : programs)
+            expect(name, code, prints);
         for (const std::string place : places) {
-            for (const auto& [act, prints] : acts)
-                expect(std::string("$act = ") + act + "; (new Fiber(function () use ($act) { " + place +
+            for (const auto& [name, act, prints] : acts)
+                expect(name + (" in " + place),
+                       std::string("$act = ") + act + "; (new Fiber(function () use ($act) { " + place +
                            " }))->start();",
                        prints);
-            expect(std::string("$act = ") + acts[0].code + "; " + place, acts[0].prints);
+            expect(place, std::string("$act = ") + acts[0].code + "; " + place, acts[0].prints);
         }
     }
 }
@@ -164,21 +240,22 @@ TEST(Hostile, EndsWhereTheStackEnds)
     const std::size_t smallStack = (std::size_t{224} << 10) + EG(reserved_stack_size); // 256 KiB but for sanitizers
     // clang-format off
     const Program deep[] = {
-        {"page(str_repeat('{optional a}', 100000));", "[Template is nested too deeply in {option]null"},
-        {"page(str_repeat('{optional a}', 100000), ['a' => 1]);", "[Template is nested too deeply in {option]null"},
-        {"page(str_repeat('{dynamic a}', 100000), ['a' => [1]]);", "[Template is nested too deeply in {dynami]null"},
-        {"page(str_repeat('{optional a}', 20) . 'x' . str_repeat('{/optional}', 20), ['a' => 1]);", "x"},
-        {"page('{' . str_repeat('a::', 99999) . \"a 'x'}\", ['a' => ['a' => 1]]);", "x"},
+        {"hidden", "page(str_repeat('{optional a}', 100000));", "[Template is nested too deeply in {option]null"},
+        {"shown", "page(str_repeat('{optional a}', 100000), ['a' => 1]);", "[Template is nested too deeply in {option]null"},
+        {"loops", "page(str_repeat('{dynamic a}', 100000), ['a' => [1]]);", "[Template is nested too deeply in {dynami]null"},
+        {"shallow", "page(str_repeat('{optional a}', 20) . 'x' . str_repeat('{/optional}', 20), ['a' => 1]);", "x"},
+        {"path", "page('{' . str_repeat('a::', 99999) . \"a 'x'}\", ['a' => ['a' => 1]]);", "x"},
     };
     // clang-format on
-    for (const auto& [code, prints] : deep) {
-        expect(code, prints);
+    for (const auto& [name, code, prints] : deep) {
+        expect(name, code, prints);
         for (const auto size : {smallStack, std::size_t{8} << 20})
-            expect("ini_set('fiber.stack_size', " + std::to_string(size) + "); (new Fiber(function () { " + code +
+            expect(name,
+                   "ini_set('fiber.stack_size', " + std::to_string(size) + "); (new Fiber(function () { " + code +
                        " }))->start();",
                    prints);
     }
-    expect("page('in://1000', [], false);", "0");
+    expect("includes", "page('in://1000', [], false);", "0");
 }
 
 } // namespace

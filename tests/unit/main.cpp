@@ -1,12 +1,12 @@
 #include <gtest/gtest.h>
 
-#include "engine.h"
+#include "embed.h"
 
 int main(int argc, char** argv)
 {
     testing::InitGoogleTest(&argc, argv);
-    engine::start();
+    embed::start();
     const int status = RUN_ALL_TESTS();
-    engine::stop();
+    embed::stop();
     return status;
 }

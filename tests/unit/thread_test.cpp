@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include "engine.h"
+#include "embed.h"
 
 namespace
 {
@@ -39,15 +39,15 @@ const char render[] = R"php(
 
 void serve(HashTable* rows, std::chrono::steady_clock::time_point end)
 {
-    const engine::RequestThread thread;
+    const embed::RequestThread thread;
     do {
-        const engine::Request request;
+        const embed::Request request;
         zval value;
         ZVAL_ARR(&value, rows);
         Z_TYPE_FLAGS(value) = 0;
         zend_hash_str_update(&EG(symbol_table), ZEND_STRL("rows"), &value);
-        EXPECT_EQ(engine::run(render), "Array to string conversion 0,1<0><1><2>Array,2,"
-                                       "Unexpected closing dynamic tag in {/dynamic} null");
+        EXPECT_EQ(embed::run(render), "Array to string conversion 0,1<0><1><2>Array,2,"
+                                      "Unexpected closing dynamic tag in {/dynamic} null");
     } while (std::chrono::steady_clock::now() < end);
 }
 
@@ -56,7 +56,7 @@ TEST(Threads, ServeSharedDataFromTheSameFiles)
     const char* const seconds = std::getenv("ZORVEL_THREAD_SECONDS");
     const auto end =
         std::chrono::steady_clock::now() + std::chrono::seconds(seconds != nullptr ? std::atoi(seconds) : 1);
-    engine::request(writeFiles);
+    embed::request(writeFiles);
     HashTable* const rows = sharedRows();
     std::vector<std::thread> threads;
     for (int i = 0; i < 8; ++i)

@@ -5,8 +5,9 @@
 #include "blocks/section_block.h"
 #include "blocks/text_block.h"
 #include "blocks/variable_block.h"
-#include "engine.h"
-#include "engine/escaping.h"
+#include "data/escaping.h"
+#include "embed.h"
+#include "parser/tag_dispatcher.h"
 #include "render/renderer.h"
 #include "source/template.h"
 
@@ -62,13 +63,13 @@ std::string dump(const BlockList& blocks)
 /// A template parsed over some data, inside a request.
 struct Parsed {
     Parsed(const std::string& text, const std::string& dataExpression)
-        : data(engine::evaluate(dataExpression)), input{text, &data}, tpl(text, &input, true)
+        : data(embed::evaluate(dataExpression)), input{text, &data}, tpl(text, &input, true)
     {
         tpl.parse();
     }
     ~Parsed() { zval_ptr_dtor(&data); }
 
-    engine::Request request;
+    embed::Request request;
     zval data;
     TemplateInput input;
     Template tpl;
@@ -100,20 +101,15 @@ TEST(Tree, HoldsWhatParsingCouldNotSettle)
         EXPECT_EQ(dump(Parsed(text, data).tpl.blocks), tree) << text;
 }
 
-TEST(Tree, KeepsTheParseOfTheLastLoopCandidate)
+TEST(Tag, HasItsParameterTrimmed)
 {
-    Parsed parsed("{dynamic n,r}{[*]}{*::a n::*::b::c}{/dynamic}", "['r' => [['b' => ['c' => 5]], ['a' => 7]]]");
-    EXPECT_EQ(parsed.tpl.render(), "0517");
-    EXPECT_EQ(dump(parsed.tpl.blocks), "6  data n [1  key [*], 1 /a *::a n::*::b::c]");
-    EXPECT_TRUE(parsed.tpl.dynamicStack.empty());
-}
-
-TEST(Renderer, HasOneEntryPerBlockTypeInOrder)
-{
-    std::vector<int> types;
-    for (const auto& entry : buildRendererTable())
-        types.push_back(entry.type);
-    EXPECT_EQ(types, (std::vector<int>{1, 2, 4, 5, 6, 7, 11, 12, 13, 14}));
+    const struct {
+        const char* tag;
+        std::size_t keywordLength;
+        const char* parameter;
+    } cases[] = {{"", 7, ""}, {"include", 7, ""}, {"include\ta b \v", 7, "a b"}, {"include \n", 7, " \n"}};
+    for (const auto& [tag, keywordLength, parameter] : cases)
+        EXPECT_EQ(trimParameter(tag, keywordLength), parameter) << tag;
 }
 
 TEST(Renderer, RefusesANullBlock)
@@ -130,12 +126,12 @@ TEST(Renderer, RefusesANullBlock)
 
 TEST(Escaping, KnowsWhichBytesPhpLeavesAlone)
 {
-    const engine::Request request;
-    for (const Escaping* escaping :
-         {&addslashesEscaping, &htmlentitiesEscaping, &htmlspecialcharsEscaping, &rawurlencodeEscaping}) {
+    const embed::Request request;
+    for (const Escaping* escaping : {&escapingOf<Addslashes>(), &escapingOf<Htmlentities>(),
+                                     &escapingOf<Htmlspecialchars>(), &escapingOf<Rawurlencode>()}) {
         for (int byte = 1; byte < 256; ++byte) {
             const std::string text(1, static_cast<char>(byte));
-            const bool kept = escape(*escaping, text, "ISO-8859-1").text() == text;
+            const bool kept = escape(*escaping, text, "ISO-8859-1").textUpToNul() == text;
             EXPECT_EQ(unsafePart(*escaping, text).empty(), kept) << byte;
         }
     }

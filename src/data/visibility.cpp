@@ -1,4 +1,4 @@
-#include "parser/visibility.h"
+#include "data/visibility.h"
 
 #include <charconv>
 
@@ -14,7 +14,7 @@ namespace
 bool isTrue(const zval* value)
 {
     bool truth = false;
-    guarded([&] { truth = zend_is_true(const_cast<zval*>(value)); });
+    guarded([&] { truth = zend_is_true(value); });
     return truth;
 }
 

@@ -2,11 +2,11 @@
 
 #include <string>
 
-#include "php.h"
+#include <php.h>
 
 /// PHP's embedded engine with the module built in. Started once per process; its requests come one after the
 /// other, on the main thread or on threads of their own.
-namespace engine
+namespace embed
 {
 
 /// Settings are lines of php.ini.
@@ -44,4 +44,4 @@ std::string request(const std::string& code);
 /// The value of a PHP expression; the caller's to destroy.
 zval evaluate(const std::string& expression);
 
-} // namespace engine
+} // namespace embed

@@ -1,12 +1,11 @@
-#include "engine.h"
+#include "embed.h"
 
-#include "sapi/embed/php_embed.h"
+#include <sapi/embed/php_embed.h>
 
 #include "engine/guard.h"
+#include "ext/module.h"
 
-extern zend_module_entry zorvel_module_entry;
-
-namespace engine
+namespace embed
 {
 
 namespace
@@ -95,4 +94,4 @@ zval evaluate(const std::string& expression)
     return value;
 }
 
-} // namespace engine
+} // namespace embed

@@ -8,8 +8,8 @@ namespace zorvel
 {
 
 /// Reserves room for bytes that are expected to follow. Large strings have to grow in few steps, as each of
-/// them maps, faults in and unmaps its pages, while what is reserved and never written costs nothing but
-/// addresses; those are kept within bounds, since a guess may be wrong.
+/// them maps, faults in and unmaps its pages. What is reserved and never written costs only addresses where the
+/// system overcommits memory; it is kept within bounds, since a guess may be wrong.
 inline void reserveAhead(std::string& text, std::size_t expected)
 {
     constexpr std::size_t most = std::size_t{64} << 20;

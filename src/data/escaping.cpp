@@ -1,13 +1,13 @@
-#include "engine/escaping.h"
+#include "data/escaping.h"
 
 #include <algorithm>
 #include <iterator>
 
 // These headers leave the language linkage of their functions to whoever includes them.
 BEGIN_EXTERN_C()
-#include "ext/standard/html.h"
-#include "ext/standard/php_string.h"
-#include "ext/standard/url.h"
+#include <ext/standard/html.h>
+#include <ext/standard/php_string.h>
+#include <ext/standard/url.h>
 END_EXTERN_C()
 
 namespace zorvel
@@ -22,6 +22,7 @@ zend_string* escapeEntities(std::string_view text, bool all, const char* charset
     return php_escape_html_entities(bytes, text.size(), all, ENT_COMPAT, charset);
 }
 
+/// Runs between setjmp and a possible longjmp: a holder in place of the release would be jumped over.
 zend_string* addslashes(std::string_view text, const char*)
 {
     zend_string* copy = zend_string_init(text.data(), text.size(), false);
@@ -67,14 +68,36 @@ constexpr std::array<bool, 256> bytesFor(Predicate holds)
 
 } // namespace
 
-const Escaping addslashesEscaping{addslashes, bytesFor([](unsigned char byte) {
-                                      return byte != '\'' && byte != '"' && byte != '\\' && byte != '\0';
-                                  })};
-const Escaping htmlentitiesEscaping{htmlentities,
-                                    bytesFor([](unsigned char byte) { return byte < 0xA0 && !isSpecial(byte); })};
-const Escaping htmlspecialcharsEscaping{htmlspecialchars,
-                                        bytesFor([](unsigned char byte) { return !isSpecial(byte); })};
-const Escaping rawurlencodeEscaping{rawurlencode, bytesFor(isUnreserved)};
+template <>
+const Escaping& escapingOf<Addslashes>()
+{
+    static constexpr Escaping escaping{addslashes, bytesFor([](unsigned char byte) {
+                                           return byte != '\'' && byte != '"' && byte != '\\' && byte != '\0';
+                                       })};
+    return escaping;
+}
+
+template <>
+const Escaping& escapingOf<Htmlentities>()
+{
+    static constexpr Escaping escaping{htmlentities,
+                                       bytesFor([](unsigned char byte) { return byte < 0xA0 && !isSpecial(byte); })};
+    return escaping;
+}
+
+template <>
+const Escaping& escapingOf<Htmlspecialchars>()
+{
+    static constexpr Escaping escaping{htmlspecialchars, bytesFor([](unsigned char byte) { return !isSpecial(byte); })};
+    return escaping;
+}
+
+template <>
+const Escaping& escapingOf<Rawurlencode>()
+{
+    static constexpr Escaping escaping{rawurlencode, bytesFor(isUnreserved)};
+    return escaping;
+}
 
 std::string_view unsafePart(const Escaping& escaping, std::string_view text)
 {
@@ -87,7 +110,7 @@ std::string_view unsafePart(const Escaping& escaping, std::string_view text)
 StringRef escape(const Escaping& escaping, std::string_view text, const char* charset)
 {
     StringRef result;
-    guarded([&] { result = StringRef(escaping.escape(text, charset)); });
+    guarded([&] { result = StringRef::adopt(escaping.escape(text, charset)); });
     return result;
 }
 

@@ -3,6 +3,7 @@
 #include <array>
 #include <string_view>
 
+#include "blocks/block.h"
 #include "engine/holders.h"
 
 namespace zorvel
@@ -18,14 +19,21 @@ struct Escaping {
     std::array<bool, 256> keeps;
 };
 
+/// The escaping of a filter, by the code of its tag and block.
+template <BlockType Code>
+const Escaping& escapingOf();
 /// A backslash before quotes, backslashes and NUL bytes.
-extern const Escaping addslashesEscaping;
+template <>
+const Escaping& escapingOf<Addslashes>();
 /// Every character that has an HTML 4.01 entity, but not the single quote.
-extern const Escaping htmlentitiesEscaping;
+template <>
+const Escaping& escapingOf<Htmlentities>();
 /// The characters & < > and the double quote.
-extern const Escaping htmlspecialcharsEscaping;
+template <>
+const Escaping& escapingOf<Htmlspecialchars>();
 /// Every byte but ASCII letters, digits and - _ . ~ as % and two hexadecimal digits.
-extern const Escaping rawurlencodeEscaping;
+template <>
+const Escaping& escapingOf<Rawurlencode>();
 
 /// The bytes of ISO-8859-1 text from the first to the last that would not be left as it is; empty when every
 /// byte would be. What stands before and behind them needs no escaping, whatever they become.

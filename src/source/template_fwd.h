@@ -1,0 +1,8 @@
+#pragma once
+
+namespace zorvel
+{
+
+class Template;
+
+} // namespace zorvel
