@@ -1,6 +1,12 @@
-# Installers look for a module under the extension's own name; this is the same module under that name.
-$(phplibdir)/zorvel.$(SHLIB_DL_SUFFIX_NAME): $(phplibdir)/php_zorvel.la
-	cp -f $(phplibdir)/php_zorvel.$(SHLIB_DL_SUFFIX_NAME) $@
+# Installers look for a module under the extension's own name: a second name of the one file.
+zorvel_file = php_zorvel.$(SHLIB_DL_SUFFIX_NAME)
+zorvel_name = zorvel.$(SHLIB_DL_SUFFIX_NAME)
 
-all: $(phplibdir)/zorvel.$(SHLIB_DL_SUFFIX_NAME)
-install-modules: $(phplibdir)/zorvel.$(SHLIB_DL_SUFFIX_NAME)
+$(phplibdir)/$(zorvel_name): $(phplibdir)/php_zorvel.la
+	ln -sf $(zorvel_file) $@
+
+install-zorvel: install-modules
+	ln -sf $(zorvel_file) $(INSTALL_ROOT)$(EXTENSION_DIR)/$(zorvel_name)
+
+all: $(phplibdir)/$(zorvel_name)
+install: install-zorvel

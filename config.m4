@@ -4,10 +4,13 @@ PHP_ARG_ENABLE([zorvel],
   [yes])
 
 if test "$PHP_ZORVEL" != "no"; then
-  AS_VERSION_COMPARE([`$PHP_CONFIG --version`], [8.4], [AC_MSG_ERROR([zorvel needs PHP 8.4])])
-  PHP_REQUIRE_CXX
+  zorvel_php=`$PHP_CONFIG --version`
+  AS_VERSION_COMPARE([$zorvel_php], [8.4], [AC_MSG_ERROR([zorvel needs PHP 8.4])])
+  AS_VERSION_COMPARE([$zorvel_php], [8.5],, [zorvel_untried=yes], [zorvel_untried=yes])
+  AS_VAR_IF([zorvel_untried], [yes], [AC_MSG_WARN([zorvel has been tried on PHP 8.4, not on $zorvel_php])])
   dnl Pages are made in small functions across many files; -O3 saves an eighth of their instructions.
-  AS_VAR_IF([ac_test_CXXFLAGS], [y],, [CXXFLAGS="-g -O3"])
+  AS_VAR_SET_IF([CXXFLAGS],, [CXXFLAGS="-g -O3"])
+  PHP_REQUIRE_CXX
   PHP_CXX_COMPILE_STDCXX([20], [mandatory], [ZORVEL_STDCXX])
 
   zorvel_sources=`cd $ext_srcdir && echo src/*/*.cpp`
