@@ -1,0 +1,64 @@
+<?php
+
+declare(strict_types=1);
+
+namespace Zorvel;
+
+/** Calls the engine, and throws what it says in place of a page. */
+final class Engine
+{
+    /** PHP's own warnings that arise in the call; whatever else arises there is the engine's. */
+    private const string PHPS_OWN = '/^(Array to string conversion$|zorvel\()/';
+
+    /** @var list<string> */
+    private array $warnings = [];
+
+    /** @var ?callable the error handler that stood before the call */
+    private mixed $previous = null;
+
+    private function __construct() {}
+
+    /**
+     * @param string $template the name of a file, which is looked for along include_path, or the text itself
+     * @param array<array-key, mixed> $data
+     * @throws EngineFailure
+     */
+    public static function page(string $template, array $data, bool $isText = false): string
+    {
+        $engine = new self();
+        $page = $engine->call($template, $data, $isText);
+        $failure = $page === null ? array_pop($engine->warnings) : null;
+        foreach ($engine->warnings as $warning) {
+            trigger_error($warning, E_USER_WARNING);
+        }
+
+        return $page ?? throw new EngineFailure($failure ?? 'No page');
+    }
+
+    /** @param array<array-key, mixed> $data */
+    private function call(string $template, array $data, bool $isText): ?string
+    {
+        $this->previous = set_error_handler($this->handle(...));
+        try {
+            return zorvel($template, $data, $isText);
+        } finally {
+            restore_error_handler();
+        }
+    }
+
+    /**
+     * Keeps the engine's warnings, of which the last tells why there is no page. Every other diagnostic goes to the
+     * handler that stood before, which PHP would call whatever error_reporting says; for which levels it was
+     * installed PHP tells nobody. Without one, false has PHP treat it.
+     */
+    private function handle(int $level, string $message, string $file, int $line): bool
+    {
+        if ($level === E_WARNING && $file === __FILE__ && preg_match(self::PHPS_OWN, $message) !== 1) {
+            $this->warnings[] = $message;
+
+            return true;
+        }
+
+        return $this->previous !== null && ($this->previous)($level, $message, $file, $line) !== false;
+    }
+}

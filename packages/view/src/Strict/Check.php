@@ -1,0 +1,148 @@
+<?php
+
+declare(strict_types=1);
+
+namespace Zorvel\Strict;
+
+use Zorvel\Syntax\Node;
+use Zorvel\Syntax\Source;
+use Zorvel\Syntax\Tag;
+use Zorvel\Syntax\TagKind;
+
+/**
+ * Goes through a template's tags as the engine renders them, with the same data, and finds those that silently come
+ * to nothing. For templates that the engine takes; files are looked for along include_path, as it does.
+ */
+final class Check
+{
+    /** A variable with a word beyond this, as `{color:red}` in a style sheet, is meant to stay as it is. */
+    private const string WORD = '/^[\w\x80-\xFF.*\[\]-]+(::[\w\x80-\xFF.*\[\]-]+)*$/';
+
+    /** Names that are no files. */
+    private const string WRAPPER = '~^(data:|[\w.+-]+://)~';
+
+    /** @var array<string, Finding> by the place */
+    private array $findings = [];
+
+    /** @var array<string, ?list<Node>> by the template's name; null for one that is not there */
+    private array $trees = [];
+
+    /** The one that is gone through. */
+    private string $template = '';
+
+    private function __construct() {}
+
+    /**
+     * Each tag is found once, however often it is repeated.
+     *
+     * @param array<array-key, mixed> $data as the engine is given it, but with null for what is known to be nothing
+     * @return list<Finding>
+     */
+    public static function findings(string $template, array $data): array
+    {
+        $check = new self();
+        $check->enters($template, new Scope(new Found($data)));
+
+        return array_values($check->findings);
+    }
+
+    /** @return bool false for a template that is not there */
+    private function enters(string $template, Scope $scope): bool
+    {
+        $tree = $this->trees[$template] ??= self::tree($template);
+        [$outer, $this->template] = [$this->template, $template];
+        $this->nodes($tree ?? [], $scope);
+        $this->template = $outer;
+
+        return $tree !== null;
+    }
+
+    /** @return ?list<Node> */
+    private static function tree(string $template): ?array
+    {
+        $source = Source::named($template);
+
+        return $source === null ? null : Node::tree($source->text);
+    }
+
+    /** @param list<Node> $nodes */
+    private function nodes(array $nodes, Scope $scope): void
+    {
+        foreach ($nodes as $node) {
+            $kind = $node->tag->kind;
+            match (true) {
+                $kind === TagKind::Variable => $this->variable($node->tag, $scope),
+                $kind === TagKind::Include => $this->include($node->tag, $scope),
+                $kind->isFilter() => $this->filter($node->tag, $scope),
+                $kind->isLoop() => $this->loop($node, $scope),
+                default => $this->section($node, $scope),
+            };
+        }
+    }
+
+    private function variable(Tag $tag, Scope $scope): void
+    {
+        $words = $tag->paths();
+        $isMeant = !$tag->hasDefault() && array_all($words, static fn(string $word): bool => preg_match(self::WORD, $word) === 1);
+        if ($isMeant && array_all($words, static fn(string $word): bool => $scope->find(new Path($word)) === null)) {
+            $this->report($tag, implode(' or ', $words) . ' names nothing, and there is no default');
+        }
+    }
+
+    private function include(Tag $tag, Scope $scope): void
+    {
+        $named = $scope->find(new Path($tag->parameter))?->value;
+        $name = is_string($named) ? $named : $tag->parameter;
+        if (preg_match(self::WRAPPER, $name) !== 1 && !$this->enters($name, $scope)) {
+            $this->report($tag, "There is no file $name");
+        }
+    }
+
+    private function filter(Tag $tag, Scope $scope): void
+    {
+        $found = $scope->find(new Path($tag->parameter));
+        if ($found === null) {
+            $this->report($tag, "$tag->parameter names nothing");
+        } elseif ($found->value !== null && !is_string($found->value)) {
+            $this->report($tag, "$tag->parameter is no text, but of type " . get_debug_type($found->value));
+        }
+    }
+
+    private function loop(Node $node, Scope $scope): void
+    {
+        $path = $node->tag->paths()[0];
+        $found = $scope->find(new Path($path));
+        if ($found === null) {
+            $this->report($node->tag, "$path names nothing that can be repeated");
+        }
+        foreach ($found?->elements() ?? [] as $key => $element) {
+            $loop = new Loop($node->tag->loopName(), (string) $key, new Found($element));
+            $this->nodes($node->children, $scope->inside($loop));
+        }
+    }
+
+    private function section(Node $node, Scope $scope): void
+    {
+        $path = new Path($node->tag->paths()[0]);
+        $isThere = $path->loop === null || $scope->loopOf($path) !== null;
+        $isShown = self::isTrue($scope->find($path), $path, $node->tag->compareText() ?? '');
+        if ($isThere && $isShown === ($node->tag->kind === TagKind::Optional)) {
+            $this->nodes($node->children, $scope);
+        }
+    }
+
+    private static function isTrue(?Found $found, Path $path, string $compared): bool
+    {
+        return match (true) {
+            $found === null => false,
+            $path->isKey => $found->value === $compared,
+            $compared === '' => $found->isTrue(),
+            default => $found->equals($compared),
+        };
+    }
+
+    private function report(Tag $tag, string $what): void
+    {
+        $this->findings["$this->template:$tag->offset"] ??= new Finding($this->template, $tag, $what);
+    }
+}

@@ -1,0 +1,1 @@
+Hello {include part.tpl}
