@@ -1,0 +1,39 @@
+#pragma once
+
+#include <string>
+
+#include <php.h>
+
+#include "model.h"
+
+/// The extension as it is called and seen from outside, without a line of PHP code.
+namespace fuzz
+{
+
+/// Starts PHP for good, and counts its memory from the start.
+void startPhp(const char* settings = "");
+
+/// Adds PHP's side of the model's values: the classes of its objects.
+void addClasses();
+
+/// Collects PHP's warnings instead of printing them, for good. Fatal errors still end the request.
+void collectErrors();
+
+/// PHP's value for a model's; the caller's to destroy.
+zval toPhp(const model::Value& value);
+
+/// False when an array, a reference or a scalar is not what it was made from. Objects are trusted.
+bool isSame(const zval& value, const model::Value& made);
+
+/// Calls a function as PHP code would, from a frame on the stack: an exception stays pending.
+/// @return false when it bailed out; the request is over then
+bool call(const char* function, zval* result, std::uint32_t count, zval* arguments);
+
+/// What a call of the extension is seen to do. More warnings than one are all told.
+struct Seen {
+    model::Outcome outcome;
+    bool bailedOut = false;
+};
+Seen observe(const std::string& source, bool inMemory, zval* data);
+
+} // namespace fuzz
