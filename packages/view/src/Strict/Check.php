@@ -15,8 +15,8 @@ use Zorvel\Syntax\TagKind;
  */
 final class Check
 {
-    /** A variable with a word beyond this, as `{color:red}` in a style sheet, is meant to stay as it is. */
-    private const string WORD = '/^[\w\x80-\xFF.*\[\]-]+(::[\w\x80-\xFF.*\[\]-]+)*$/';
+    /** What is no such path, as `{color:red}` in a style sheet, is meant to stay as it is. */
+    private const string NAME = '/^[\w\x80-\xFF.*\[\]-]+(::[\w\x80-\xFF.*\[\]-]+)*$/';
 
     /** Names that are no files. */
     private const string WRAPPER = '~^(data:|[\w.+-]+://)~';
@@ -82,11 +82,15 @@ final class Check
 
     private function variable(Tag $tag, Scope $scope): void
     {
-        $words = $tag->paths();
-        $isMeant = !$tag->hasDefault() && array_all($words, static fn(string $word): bool => preg_match(self::WORD, $word) === 1);
-        if ($isMeant && array_all($words, static fn(string $word): bool => $scope->find(new Path($word)) === null)) {
-            $this->report($tag, implode(' or ', $words) . ' names nothing, and there is no default');
+        $isNothing = array_all($tag->paths(), static fn(string $path): bool => $scope->find(new Path($path)) === null);
+        if ($isNothing && !$tag->hasDefault() && self::isMeant($tag)) {
+            $this->report($tag, implode(' or ', $tag->paths()) . ' names nothing, and there is no default');
         }
+    }
+
+    private static function isMeant(Tag $tag): bool
+    {
+        return $tag->paths() !== [] && array_all($tag->paths(), static fn(string $path): bool => preg_match(self::NAME, $path) === 1);
     }
 
     private function include(Tag $tag, Scope $scope): void
