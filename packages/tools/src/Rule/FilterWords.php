@@ -1,0 +1,21 @@
+<?php
+
+declare(strict_types=1);
+
+namespace Zorvel\Tools\Rule;
+
+use Zorvel\Tools\Template\Template;
+
+/** A filter with alternatives or a default: all its words are one path, which is never found. */
+final readonly class FilterWords implements Rule
+{
+    public function check(Template $template): iterable
+    {
+        foreach ($template->tags as $tag) {
+            if ($tag->kind->isFilter() && preg_match('/\S\s/', $tag->parameter) === 1) {
+                yield $tag->offset => 'A filter takes one path, no alternatives and no default: '
+                    . "write {optional a}{{$tag->kind->value} a}{/optional}{!optional a}…{/optional}";
+            }
+        }
+    }
+}

@@ -1,0 +1,52 @@
+<?php
+
+declare(strict_types=1);
+
+namespace Zorvel\Tools\Rule;
+
+use Zorvel\Syntax\Path;
+use Zorvel\Syntax\Tag;
+use Zorvel\Syntax\TagKind;
+use Zorvel\Syntax\TagReader;
+use Zorvel\Tools\Template\Template;
+
+/**
+ * A brace of a script, a style sheet or JSON that begins a tag, when the page would not have the braces as they are:
+ *
+ *     {"title": "{title}"}         swallows the tag within
+ *     {font-family: x, 'Arial'}    gives its "default"
+ *     a{margin:0}                  comes out as it is: no finding
+ */
+final readonly class SwallowedTag implements Rule
+{
+    public function check(Template $template): iterable
+    {
+        foreach ($template->tags as $tag) {
+            if ($tag->kind === TagKind::Variable && ($this->hasTagWithin($tag) || $this->isDeclaration($tag))) {
+                yield $tag->offset => 'This brace begins a tag, up to the next }: write {{ for a brace that is text, or put a blank behind it';
+            }
+        }
+    }
+
+    private function hasTagWithin(Tag $tag): bool
+    {
+        $brace = strrpos($tag->text, '{');
+        $within = $brace === false ? null : new TagReader()->read(substr($tag->text, $brace) . '}')[0] ?? null;
+        if ($within === null) {
+            return false;
+        }
+        $isQuoted = $tag->text[0] === '"' || in_array($tag->text[$brace - 1], ['"', "'"], true);
+
+        return match (true) {
+            $within->kind !== TagKind::Variable => preg_match('/^\s/', substr($within->text, strlen($within->kind->value))) === 1,
+            preg_match('/^[\w.*[\]-]+(::[\w.*[\]-]+)*$/', $within->text) !== 1 => false,
+            default => $isQuoted || new Path($within->text)->loop !== null || str_contains($within->text, '::'),
+        };
+    }
+
+    /** Whether a word before the default is none that anybody would give to a key. */
+    private function isDeclaration(Tag $tag): bool
+    {
+        return preg_match("/^[^']*\s'/", $tag->parameter) === 1 && preg_grep('/[:;,]$|["()=<>{]/', $tag->paths()) !== [];
+    }
+}

@@ -1,0 +1,93 @@
+<?php
+
+declare(strict_types=1);
+
+namespace Zorvel\Tools\Tests;
+
+use PHPUnit\Framework\TestCase;
+use Random\Engine\Xoshiro256StarStar;
+use Random\Randomizer;
+use Zorvel\Tools\Finding;
+use Zorvel\Tools\Level;
+use Zorvel\Tools\Rule\Rules;
+use Zorvel\Tools\Template\Engine;
+use Zorvel\Tools\Template\Folders;
+use Zorvel\Tools\Template\Template;
+
+final class RulesTest extends TestCase
+{
+    use Lints;
+
+    private const array PIECES = ['{', '}', '{optional a}', '{!optional b c}', '{/optional}', '{dynamic r,x}', '{dynamic s,r::*::y}',
+        '{rdynamic z}', '{/dynamic}', '{/rdynamic}', '{htmlspecialchars ', 'r::*', '::', ':', '*', '[*]', "'", ' ', 'word', '{{'];
+
+    public function testEachExampleIsFoundByItsRuleAndTheMendedOneByNone(): void
+    {
+        $rules = new Rules(new Folders([], []), new Engine());
+        $examples = new Document('docs/lint.md')->blocks();
+        self::assertSame(array_keys($examples), [...array_keys($rules->errors), 'broken-page', ...array_keys($rules->warnings)]);
+
+        $this->write(['part.tpl' => '']);
+        foreach ($examples as $rule => $blocks) {
+            isset($blocks['php']) ? eval($blocks['php']) : $this->write(['page.tpl' => $blocks['zorvel']]);
+            self::assertSame([$rule], array_column($this->findings(Template::fromFile('page.tpl')), 'rule'), $rule);
+            self::assertSame([], $this->found($blocks['zorvel mended']), $rule);
+        }
+    }
+
+    public function testFindsEachFaultThatMessagesTellsOf(): void
+    {
+        $count = 0;
+        foreach (new Document('docs/messages.md')->rows() as $line => $row) {
+            $this->write(['page.tpl' => $row['page.tpl'], 'part.tpl' => $row['part.tpl'] ?? '']);
+            [$message, $file] = explode(' in p', $row['Warning']);
+            $errors = array_filter(
+                $this->errorsIn(Template::fromFile('page.tpl')),
+                fn(Finding $error): bool => $error->file === "p$file" && str_starts_with($error->message, $message),
+            );
+            self::assertCount(1, $errors, "docs/messages.md:$line");
+            ++$count;
+        }
+        self::assertGreaterThan(20, $count);
+    }
+
+    public function testFindsAnErrorExactlyWhereTheExtensionGivesNoPage(): void
+    {
+        $random = new Randomizer(new Xoshiro256StarStar(9));
+        $refused = 0;
+        for ($round = 0; $round < 3000; ++$round) {
+            $text = $this->randomTemplate($random);
+            $errors = $this->errorsIn(new Template('page.tpl', $text, isText: true));
+            $isRefused = $this->isRefused($text, []) || $this->isRefused($text, ['x' => [], 'z' => []]);
+            self::assertSame($isRefused, $errors !== [], $text);
+            self::assertNotContains('broken-page', array_column($errors, 'rule'), $text);
+            $refused += (int) $isRefused;
+        }
+        self::assertGreaterThan(1000, $refused);
+        self::assertLessThan(2800, $refused);
+    }
+
+    private function randomTemplate(Randomizer $random): string
+    {
+        $pieces = array_map(fn(): int => $random->getInt(0, count(self::PIECES) - 1), range(1, $random->getInt(1, 9)));
+
+        return implode('', array_map(fn(int $piece): string => self::PIECES[$piece], $pieces));
+    }
+
+    /** @param array<string, mixed> $data */
+    private function isRefused(string $text, array $data): bool
+    {
+        set_error_handler(fn(): bool => true);
+        try {
+            return zorvel($text, $data, true) === null;
+        } finally {
+            restore_error_handler();
+        }
+    }
+
+    /** @return list<Finding> */
+    private function errorsIn(Template $template): array
+    {
+        return array_values(array_filter($this->findings($template), fn(Finding $finding): bool => $finding->level === Level::Error));
+    }
+}

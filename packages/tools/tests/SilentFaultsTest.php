@@ -1,0 +1,110 @@
+<?php
+
+declare(strict_types=1);
+
+namespace Zorvel\Tools\Tests;
+
+use PHPUnit\Framework\Attributes\DataProvider;
+use PHPUnit\Framework\TestCase;
+use Zorvel\Tools\Template\Template;
+
+final class SilentFaultsTest extends TestCase
+{
+    use Lints;
+
+    /** Examples of the documents that show a trap, each with what is found in it. */
+    private const array TRAPS = [
+        'Hello {name' => ['unclosed-tag'],
+        '{optionalFlag}shown{/optional of Flag}' => ['glued-keyword'],
+        '{rows::*}' => ['unknown-loop'],
+        '{*::nick}' => ['unknown-loop'],
+        "{*::nick 'no loop'}" => ['unknown-loop'],
+        '{optional status  on sale}yes{/optional}' => ['compare-blanks'],
+        "{dynamic rows}{optional [*] '1'}[{/optional}{*}{/dynamic}" => ['quoted-key'],
+        '<{include missing.tpl}>' => ['missing-include'],
+    ];
+
+    /** @return iterable<string, array{string, list<string>}> */
+    public static function templates(): iterable
+    {
+        yield 'CSS' => ['nav .a{font-weight:bold} @media print{nav{display:none}#a{color:#fff}*{margin:0}} a::before{content:"{"}', []];
+        yield 'CSS, a comment' => ['a{/* b */color:red} a{b:c}/* {d} */', []];
+        yield 'a script' => ['f(function(){if(x){y()}else{$(z).hide()}}); while(x){z} var o={a:1,b:[2]}, {c}=d, p=`${q}`', []];
+        yield 'JSON without tags' => ['{"a": {"b": [1, 2]}, "c": "{}"}', []];
+        yield 'braces that were thought of' => ['{{"a": "{a}"}} { "b": {b} } {{{{ c }}}} {{name}} {{}}', []];
+        yield 'JSON with a tag' => ['{"a": "{a::b}"}', ['1:1 swallowed-tag']];
+        yield 'JSON with a number' => ['{"a": {a}, "b": 2}', ['1:1 swallowed-tag']];
+        yield 'JSON in a loop' => ['{dynamic i,x}{"n": "{i::*::n}"},{/dynamic}', ['1:14 swallowed-tag']];
+        yield 'a script with a filter' => ["\n f(){g('{addslashes a}')}", ['2:5 broken-tag', '2:5 swallowed-tag']];
+        yield 'CSS with a default' => ["p{font-family: x, 'Arial'}", ['1:2 swallowed-tag']];
+        yield 'CSS that makes the page null' => ["p{content:'x'}", ['1:2 broken-tag']];
+        yield 'Smarty' => ['{* a {$b} *}{foreach $a as $b}{$b.c|upper}{$d->e}{/foreach}', ['1:1 foreign-syntax', '1:13 foreign-syntax',
+            '1:31 foreign-syntax', '1:43 foreign-syntax', '1:50 foreign-syntax']];
+        yield 'Latte' => ['{if $a > 1}{elseif $b}{else}{/if}', ['1:1 foreign-syntax', '1:12 foreign-syntax', '1:23 foreign-syntax', '1:29 foreign-syntax']];
+        yield 'Twig' => ["{% for a in b %}{{ a.b|e }}{# c\n #}", ['1:1 foreign-syntax', '1:17 foreign-syntax', '1:28 foreign-syntax']];
+        yield 'Mustache' => ['{{#a}}{{> b}}{{/a}}', ['1:1 foreign-syntax', '1:7 foreign-syntax', '1:14 foreign-syntax']];
+        yield 'words like those of other engines' => ["{if}{for}{section name}{else_ 'x'}{dynamic foreach}{* b}{*}{/dynamic}", []];
+        yield 'keywords' => ['{included}{htmlspecialchars_raw}{addslashes[*]}', ['1:1 glued-keyword', '1:11 glued-keyword', '1:33 unknown-loop']];
+        yield 'the right word before the brace' => ["é{x}\né{it's}", ['2:2 broken-tag']];
+        yield 'several words in a filter' => ["{rawurlencode a\nb}{htmlentities  a }", ['1:1 filter-words']];
+        yield 'commas' => ['{dynamic a ,b}{/dynamic}{rdynamic a,b, c}{/rdynamic}', ['1:1 loop-name-blanks']];
+        yield 'compared' => ["{optional a 'x::y'}{/optional}{optional a\tb}{/optional}{optional a  'b'}{/optional}{optional a *}{/optional}",
+            ['1:31 compare-blanks', '1:84 compare-path']];
+        yield 'swapped' => ["{optional a}\n{dynamic b}{/optional}{/dynamic}{/optional}", ['2:12 unexpected-closing-tag', '2:33 unexpected-closing-tag']];
+        yield 'left open' => ["{dynamic a}\n{optional b}{/dynamic}{optional c}", ['2:13 unexpected-closing-tag', '2:23 unclosed-section']];
+        yield 'the other way' => ['{dynamic a}{rdynamic b}{/dynamic}{/dynamic}', ['1:24 unexpected-closing-tag']];
+        yield 'loops that end' => ['{dynamic a,b}{/dynamic}{a::*}{dynamic c,d}{a::* c::*}{dynamic x}{c::[*]}{[*]}{/dynamic}{/dynamic}',
+            ['1:24 unknown-loop', '1:43 unknown-loop']];
+        yield 'odd bytes in names' => ['{dynamic r{}{{,a}{r{}{::*}{dynamic r{}{{,b}{/dynamic}{/dynamic}', ['1:27 broken-tag']];
+        yield 'no names' => ['{optional}{/optional}{htmlentities }{}', ['1:1 missing-path', '1:22 missing-path']];
+    }
+
+    /** @param list<string> $expected */
+    #[DataProvider('templates')]
+    public function testFindsWhatIsSilentlyWrongAndNothingElse(string $text, array $expected): void
+    {
+        self::assertSame($expected, $this->found($text));
+    }
+
+    public function testGivesNoFalseAlarmOnTheDocuments(): void
+    {
+        $traps = [];
+        foreach (['README.md', 'docs/language.md', 'docs/coming-from.md'] as $name) {
+            foreach (new Document($name)->rows() as $line => $row) {
+                $template = $row['Template'] ?? $row['page.tpl'];
+                isset($row['Warning']) || $this->write(['part.tpl' => $row['part.tpl'] ?? '']);
+                $findings = isset($row['Warning']) ? [] : $this->findings(new Template("$name:$line", $template, isText: true));
+                $traps += $findings === [] ? [] : [$template => array_column($findings, 'rule')];
+            }
+        }
+        self::assertEquals(self::TRAPS, $traps);
+    }
+
+    public function testFollowsIncludes(): void
+    {
+        $this->write([
+            'blog/list.tpl' => '{dynamic post,posts}{include blog/post.tpl}{/dynamic}{include ./near.tpl}{include name::s}{include key}',
+            'blog/post.tpl' => '{post::*::title}{*}{include line.tpl}{page::*}',
+            'blog/line.tpl' => '{post::[*]}{include /none/x.tpl}{include http://localhost/x.tpl}',
+            'near.tpl' => '{*}',
+        ]);
+        $files = ['blog/list.tpl', 'blog/post.tpl', 'blog/line.tpl', 'near.tpl'];
+        $findings = $this->findings(...array_map(Template::fromFile(...), $files));
+
+        self::assertSame(
+            ['blog/line.tpl:12 missing-include', 'blog/post.tpl:38 unknown-loop', 'near.tpl:1 unknown-loop'],
+            array_map(fn($finding): string => "$finding->file:$finding->column $finding->rule", $findings),
+        );
+    }
+
+    public function testFindsFaultsOfIncludedFilesAndReadsNothingElse(): void
+    {
+        $this->write([
+            'page.tpl' => '{include part.tpl}{include data:text/plain,{optional x}}',
+            'part.tpl' => "\n{a::}{include page.tpl}{optional b}",
+        ]);
+        $findings = $this->findings(Template::fromFile('page.tpl'));
+
+        self::assertSame([['part.tpl', 2, 1, 'broken-tag']], array_map(fn($f): array => [$f->file, $f->line, $f->column, $f->rule], $findings));
+    }
+}
