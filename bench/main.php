@@ -2,21 +2,13 @@
 
 declare(strict_types=1);
 
-namespace Zorvel\Bench;
+use Zorvel\Bench\Options;
+use Zorvel\Bench\Program;
 
-use RuntimeException;
-
-error_reporting(E_ALL & ~E_DEPRECATED);
-ini_set('display_errors', 'stderr');
-
-is_file(__DIR__ . '/vendor/autoload.php') && require __DIR__ . '/vendor/autoload.php';
-spl_autoload_register(static function (string $class): void {
-    $file = __DIR__ . '/src/' . strtr(substr($class, strlen(__NAMESPACE__) + 1), '\\', '/') . '.php';
-    str_starts_with($class, __NAMESPACE__) && is_file($file) && require $file;
-});
+require __DIR__ . '/autoload.php';
 
 try {
-    Program::run(getopt('', ['memory:', 'only:', 'page:', 'picture:', 'quick', 'repeat:', 'targets']));
+    new Program(Options::of(getopt('', ['check', 'only:', 'page:', 'quick', 'repeat:', 'under:'])))->run();
 } catch (RuntimeException $failure) {
     fwrite(STDERR, $failure->getMessage() . "\n");
     exit(1);

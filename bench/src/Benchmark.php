@@ -6,98 +6,65 @@ namespace Zorvel\Bench;
 
 use Closure;
 
-/** Runs engines over pages. */
+/** Renders pages by engines. */
 final readonly class Benchmark
 {
-    private const array GROWTH = [
-        'rows' => ['catalogue-10000', 'catalogue-1000'],
-        'values' => ['tags-10000', 'tags-1000'],
-    ];
-
-    /** @var array<string, Engine> */
-    private array $engines;
-
-    /** @param list<string> $engines what to measure */
-    public function __construct(private Sampler $sampler, array $engines)
-    {
-        $this->engines = array_combine($engines, array_map(Engines::open(...), $engines));
-    }
+    /** @param list<string> $engines */
+    public function __construct(private array $engines) {}
 
     /** Renders the page by every engine and demands that they agree. */
-    public function check(string $name): void
+    public function check(string $page): void
     {
-        $renderings = $this->renderings(Pages::get($name));
-        Output::assertSame($name, array_map(static fn (Closure $render): string => $render(), $renderings));
+        $renderings = $this->renderings($page, Pages::get($page));
+        Output::assertSame($page, array_map(static fn(Closure $render): string => $render(), $renderings));
     }
 
-    public function measure(string $name): Samples
+    public function repeat(string $page, int $times): void
     {
-        $page = Pages::get($name);
-
-        return $this->sampler->run($this->renderings($page) + self::floor($page));
-    }
-
-    public function repeat(string $name, int $times): void
-    {
-        foreach ($this->renderings(Pages::get($name)) as $render) {
+        foreach ($this->renderings($page, Pages::get($page)) as $render) {
             for ($i = 0; $i < $times; $i++) {
                 $render();
             }
         }
     }
 
-    /** @return array<string, array<string, float>> by engine: the time for ten times the work over the time before */
-    public function growth(): array
+    /** @return array<string, Closure(): mixed> what is to be measured for a page */
+    public function cases(string $name): array
     {
-        return array_map(
-            fn (Engine $engine): array => array_map(fn (array $pages): float => $this->sampler->run([
-                'large' => self::rendering($engine, Pages::get($pages[0])),
-                'small' => self::rendering($engine, Pages::get($pages[1])),
-            ])->ratio('large', 'small'), self::GROWTH),
-            $this->enginesForFiles(),
-        );
-    }
+        $page = Pages::get($name);
 
-    /** @return array<string, Memory> by engine */
-    public function memory(): array
-    {
-        $engines = array_keys($this->enginesForFiles());
-
-        return array_combine($engines, array_map(Memory::ofChild(...), $engines));
+        return $this->renderings($name, $page) + self::floor($page);
     }
 
     /** @return array<string, Closure(): string> by engine */
-    private function renderings(Page $page): array
+    private function renderings(string $name, Page $page): array
     {
-        return array_map(
-            static fn (Engine $engine): Closure => self::rendering($engine, $page),
-            $page->template === 'small' ? $this->engines : $this->enginesForFiles(),
-        );
+        $engines = array_values(array_diff($this->engines, array_diff(Engines::WAYS, Pages::ways($name))));
+
+        return array_combine($engines, array_map(
+            static fn(string $id): Closure => self::rendering(Engines::open($id), $page),
+            $engines,
+        ));
     }
 
+    /** @return Closure(): string */
     private static function rendering(Engine $engine, Page $page): Closure
     {
         $template = $page->template;
-        $data = $engine->prepare($page->data);
+        $data = $page->data;
 
-        return static fn (): string => $engine->render($template, $data);
+        return static fn(): string => $engine->render($template, $data);
     }
 
-    /** @return array<string, Engine> */
-    private function enginesForFiles(): array
-    {
-        return array_diff_key($this->engines, ['zorvel-string' => true]);
-    }
-
-    /** @return array<string, Closure> */
+    /** @return array<string, Closure(): void> */
     private static function floor(Page $page): array
     {
         $folder = Templates::folder('zorvel');
         $names = [$page->template, ...$page->parts];
-        $files = array_map(static fn (string $name): string => "$folder/$name.html", $names);
-        $floor = ['file' => static fn () => self::read($files)];
+        $files = array_map(static fn(string $name): string => "$folder/$name.html", $names);
+        $floor = ['file' => static fn() => self::read($files)];
 
-        return $page->html === [] ? $floor : $floor + ['escape' => static fn () => self::escape($page)];
+        return $page->html === [] ? $floor : $floor + ['escape' => static fn() => self::escape($page)];
     }
 
     /** @param list<string> $files */
@@ -111,10 +78,10 @@ final readonly class Benchmark
     private static function escape(Page $page): void
     {
         foreach ($page->html as $text) {
-            htmlspecialchars($text);
+            $escaped = htmlspecialchars($text);
         }
         foreach ($page->url as $text) {
-            rawurlencode($text);
+            $escaped = rawurlencode($text);
         }
     }
 }

@@ -14,10 +14,17 @@ final class Console
     public static function table(string $title, array $head, array $rows): void
     {
         $columns = array_map(self::column(...), $head, ...$rows);
+        self::progress('');
         echo "\n$title\n\n";
         foreach (array_map(null, ...$columns) as $line) {
             echo rtrim(implode('  ', $line)), "\n";
         }
+    }
+
+    /** Shows on a terminal that something moves. */
+    public static function progress(string $what): void
+    {
+        stream_isatty(STDERR) && fwrite(STDERR, "\r\e[K$what ");
     }
 
     public static function time(?float $seconds): string
@@ -50,8 +57,8 @@ final class Console
         $side = preg_grep('/^[a-z]/i', $body) === [] ? STR_PAD_LEFT : STR_PAD_RIGHT;
 
         return array_map(
-            static fn (string $cell): string => mb_str_pad($cell, $width, ' ', $side),
-            [$head, str_repeat('-', $width), ...$body],
+            static fn(string $cell): string => mb_str_pad($cell, $width, ' ', $side),
+            [$head, str_repeat('-', $width), ...array_values($body)],
         );
     }
 }

@@ -18,10 +18,10 @@ interface Engine
 
     public function __construct(string $templates, string $compiled);
 
-    /** The data in the form that render() takes; its time is not measured. */
-    public function prepare(array $data): array;
-
-    /** @param string $template a template's file name without folder and extension */
+    /**
+     * @param string $template a template's file name without folder and extension
+     * @param array<string, mixed> $data
+     */
     public function render(string $template, array $data): string;
 
     /** The tag that writes a value of the data without escaping it. */

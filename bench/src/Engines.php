@@ -33,6 +33,15 @@ final class Engines
         'escape' => 'escape only',
     ];
 
+    /** How zorvel can be given a template. */
+    public const array WAYS = ['zorvel', 'zorvel-string'];
+
+    /** The engines that have a language of their own; the templates of Plates are PHP. */
+    public const array LANGUAGES = ['twig', 'latte', 'smarty', 'mustache'];
+
+    /** The engines that are neither zorvel nor hand-written PHP. */
+    public const array OTHERS = [...self::LANGUAGES, 'plates'];
+
     /** @return array<string, class-string<Engine>> */
     public static function installed(): array
     {
@@ -42,13 +51,7 @@ final class Engines
     /** @return list<string> labels with versions */
     public static function versions(): array
     {
-        $peers = array_filter(self::installed(), static fn (string $class): bool => $class::PACKAGE !== null);
-
-        return array_map(
-            static fn (string $id): string =>
-                self::LABELS[$id] . ' ' . InstalledVersions::getPrettyVersion($peers[$id]::PACKAGE),
-            array_keys($peers),
-        );
+        return array_values(array_filter(array_map(self::version(...), array_keys(self::installed()))));
     }
 
     /** @return list<string> labels with package names */
@@ -57,7 +60,7 @@ final class Engines
         $missing = array_diff_key(self::CLASSES, self::installed());
 
         return array_map(
-            static fn (string $id): string => self::LABELS[$id] . ' (' . $missing[$id]::PACKAGE . ')',
+            static fn(string $id): string => self::LABELS[$id] . ' (' . $missing[$id]::PACKAGE . ')',
             array_keys($missing),
         );
     }
@@ -70,6 +73,16 @@ final class Engines
     public static function open(string $id): Engine
     {
         return new (self::CLASSES[$id])(Templates::folder($id), Templates::compiled($id));
+    }
+
+    /** @return ?string the label with the version, null for what is no package */
+    private static function version(string $id): ?string
+    {
+        $package = self::CLASSES[$id]::PACKAGE;
+
+        return $package === null
+            ? null
+            : self::LABELS[$id] . ' ' . ltrim((string) InstalledVersions::getPrettyVersion($package), 'v');
     }
 
     /** @param class-string<Engine> $class */

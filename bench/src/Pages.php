@@ -4,11 +4,14 @@ declare(strict_types=1);
 
 namespace Zorvel\Bench;
 
+use RuntimeException;
+
 /** The pages that every engine renders, by name. */
 final class Pages
 {
     private const array TITLES = [
         'small' => 'Small page, 1 KB, 12 values',
+        'catalogue-3' => '3 rows, one escaped',
         'catalogue-10' => '10 rows, one in ten escaped',
         'catalogue-10-escaped' => '10 rows, all escaped',
         'catalogue-100' => '100 rows, one in ten escaped',
@@ -19,15 +22,32 @@ final class Pages
         'catalogue-10000-escaped' => '10,000 rows, all escaped',
         'text-50k' => '50 KB of text, one value',
         'text-200k' => '200 KB of text, one value',
+        'text-200k-string' => '200 KB of text, one value, given as text',
         'includes' => 'Ten includes',
         'tags-1000' => '1,000 values',
         'tags-10000' => '10,000 values',
     ];
 
+    /** Short pages are measured both ways; on long ones, the one would change what memory costs the other. */
+    private const array WAYS = [
+        'small' => ['zorvel', 'zorvel-string'],
+        'catalogue-3' => ['zorvel', 'zorvel-string'],
+        'text-200k-string' => ['zorvel-string'],
+    ];
+
     /** @return list<string> */
-    public static function names(): array
+    public static function names(bool $quick): array
     {
-        return array_keys(self::TITLES);
+        return array_values(array_filter(
+            array_keys(self::TITLES),
+            static fn(string $name): bool => !$quick || !str_contains($name, '10000'),
+        ));
+    }
+
+    /** @return list<string> the ways in which zorvel is given the page's template */
+    public static function ways(string $name): array
+    {
+        return self::WAYS[$name] ?? ['zorvel'];
     }
 
     public static function title(string $name): string
@@ -43,8 +63,9 @@ final class Pages
             'small' => self::small(),
             'catalogue' => self::catalogue((int) $parts[1], isset($parts[2]) ? 1 : 10),
             'tags' => new Page($name, self::hundredValues()),
-            'text' => new Page($name, ['title' => 'Chairs made by hand']),
+            'text' => new Page("text-$parts[1]", ['title' => 'Chairs made by hand']),
             'includes' => new Page($name, ['title' => 'Chairs made by hand'], Templates::PARTS),
+            default => throw new RuntimeException("There is no page $name."),
         };
     }
 
@@ -74,7 +95,7 @@ final class Pages
     public static function catalogue(int $count, int $every): Page
     {
         $rows = array_map(
-            static fn (int $i): array => self::row($i, $i % $every === 0),
+            static fn(int $i): array => self::row($i, $i % $every === 0),
             range(0, $count - 1),
         );
 
@@ -86,9 +107,18 @@ final class Pages
         );
     }
 
+    /**
+     * A Mustache section does not know the key of its element, so the rows carry theirs.
+     *
+     * @return array{
+     *     key: int, number: int, slug: string, name: string, description: string, price: string, sale: bool,
+     *     sizes: list<string>,
+     * }
+     */
     private static function row(int $i, bool $special): array
     {
         return [
+            'key' => $i,
             'number' => 100_000 + $i,
             'slug' => $special ? "oak chair & cushion $i" : "oak-chair-$i",
             'name' => $special ? "Chair \"Oslo\" & cushion, $i" : "Chair Oslo with cushion, $i",
@@ -101,6 +131,7 @@ final class Pages
         ];
     }
 
+    /** @return array<string, string|array<string, string>> */
     private static function hundredValues(): array
     {
         $values = [];

@@ -4,77 +4,89 @@ declare(strict_types=1);
 
 namespace Zorvel\Bench;
 
-use RuntimeException;
-
-/** What script/bench starts: reads the options and does as they say. */
-final class Program
+/** What script/bench starts: sends jobs to child processes and reports what they found. */
+final readonly class Program
 {
-    /** @param array<string, string|false> $options */
-    public static function run(array $options): void
-    {
-        if (isset($options['memory'])) {
-            Memory::print($options['memory']);
+    private string $engines;
 
-            return;
+    public function __construct(private Options $options)
+    {
+        $this->engines = implode(',', $options->engines);
+    }
+
+    public function run(): void
+    {
+        Templates::prepare(Engines::installed());
+        match (true) {
+            $this->options->check => $this->check(new Child(Jit::Off, $this->options->under)),
+            $this->options->repeat !== null => $this->repeat($this->options->repeat),
+            default => $this->measure(),
+        };
+    }
+
+    private function check(Child $child): Setting
+    {
+        return Setting::ofJson($child->run('check', implode(',', $this->options->pages), $this->engines));
+    }
+
+    private function repeat(string $times): void
+    {
+        $child = new Child(Jit::Off, $this->options->under);
+        foreach ($this->options->pages as $page) {
+            $child->run('repeat', $page, $this->engines, $times);
         }
-
-        $quick = isset($options['quick']);
-        $installed = Engines::installed();
-        $engines = self::chosen('engine', array_keys($installed), $options['only'] ?? null);
-        $pages = self::chosen('page', self::pages($quick), $options['page'] ?? null);
-        Templates::prepare($installed);
-
-        $benchmark = new Benchmark($quick ? new Sampler(5, 0.01) : new Sampler(11, 0.02), $engines);
-        isset($options['repeat'])
-            ? array_walk($pages, static fn (string $page) => $benchmark->repeat($page, (int) $options['repeat']))
-            : self::measure($benchmark, $pages, $options);
     }
 
-    /**
-     * @param list<string> $all
-     * @param ?string $names some of them, separated by commas
-     * @return list<string>
-     */
-    private static function chosen(string $what, array $all, ?string $names): array
-    {
-        $chosen = $names === null ? $all : explode(',', $names);
-        foreach (array_diff($chosen, $all) as $unknown) {
-            throw new RuntimeException("There is no $what $unknown; there are " . implode(', ', $all) . '.');
-        }
-
-        return $chosen;
-    }
-
-    /** @return list<string> */
-    private static function pages(bool $quick): array
-    {
-        return array_values(array_filter(
-            Pages::names(),
-            static fn (string $name): bool => !$quick || !str_contains($name, '10000'),
-        ));
-    }
-
-    /**
-     * @param list<string> $pages
-     * @param array<string, string|false> $options
-     */
-    private static function measure(Benchmark $benchmark, array $pages, array $options): void
+    private function measure(): void
     {
         Report::head();
-        array_map($benchmark->check(...), $pages);
-        $samples = array_combine($pages, array_map($benchmark->measure(...), $pages));
-        Report::pages($samples);
+        $plain = $this->results(Jit::Off, $this->options->full);
+        $jit = $this->results(Jit::On, false);
+        Report::targets(new Targets($plain, $jit)->all());
+        if ($this->options->full) {
+            Chart::write(__DIR__ . '/../../docs/benchmark.svg', $plain);
+        }
+    }
 
-        $full = isset($options['picture']);
-        $growth = $full ? $benchmark->growth() : [];
-        $memory = $full ? $benchmark->memory() : [];
-        Report::growth($growth);
-        Report::memory($memory);
-        if (isset($options['targets'])) {
-            Report::targets(Targets::all($samples, $growth['zorvel'] ?? [], $memory['zorvel'] ?? null));
+    private function results(Jit $jit, bool $withMemory): Results
+    {
+        $child = new Child($jit, $this->options->under);
+        Report::setting($this->check($child));
+        $results = new Results($this->pages($child), $withMemory ? $this->memory($child) : []);
+        Report::results($results);
+
+        return $results;
+    }
+
+    /**
+     * Runs stand outside, so that a change of the machine's pace meets all pages.
+     *
+     * @return array<string, Samples> by page
+     */
+    private function pages(Child $child): array
+    {
+        [$runs, $rounds, $batch] = $this->options->quick ? [1, '5', '0.01'] : [3, '7', '0.02'];
+        $samples = array_fill_keys($this->options->pages, new Samples([]));
+        for ($run = 1; $run <= $runs; $run++) {
+            foreach ($samples as $page => $before) {
+                Console::progress("run $run of $runs: $page");
+                $json = $child->run('measure', $page, $this->engines, $rounds, $batch);
+                $samples[$page] = $before->with(Samples::ofJson($json));
+            }
         }
-        if ($full) {
-            Chart::write($options['picture'], $samples);
+
+        return $samples;
+    }
+
+    /** @return array<string, Memory> by engine */
+    private function memory(Child $child): array
+    {
+        $memory = [];
+        foreach (array_diff($this->options->engines, ['zorvel-string']) as $engine) {
+            Console::progress("memory: $engine");
+            $memory[$engine] = Memory::ofJson($child->run('memory', $engine));
         }
+
+        return $memory;
     }
 }

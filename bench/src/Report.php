@@ -9,52 +9,43 @@ use Closure;
 /** Prints what was measured. */
 final class Report
 {
+    private const string COMPARED = <<<'TEXT'
+        Each page in a process of its own, all engines in turns in it. Compiled templates are warm, in files and in
+        opcache, and none looks whether a template has changed. zorvel keeps nothing between two calls: it reads and
+        parses its file each time; "zorvel, string" is given the text, which was read before, and parses it.
+        "read file" is file_get_contents of the files, "escape only" the escaping of the values: floors, no pages.
+
+        TEXT;
+
     public static function head(): void
     {
-        $jit = opcache_get_status(false)['jit']['on'] ?? false;
-        echo "\n== PHP ", PHP_VERSION, ' with opcache, ', $jit ? 'with JIT' : 'without JIT', "\n\n";
-        echo 'Other engines: ', implode(', ', Engines::versions()), "\n";
+        echo "\n", self::COMPARED, "\nOther engines: ", implode(', ', Engines::versions()), "\n";
         foreach (Engines::missing() as $missing) {
-            echo "Missing, for the package registry did not give it: $missing\n";
+            echo "Not installed, so not measured: $missing (see bench/peers --help)\n";
         }
     }
 
-    /** @param array<string, Samples> $pages by name */
-    public static function pages(array $pages): void
+    public static function setting(Setting $setting): void
     {
-        self::matrix('Median time of one rendering', $pages, static fn (Samples $page, string $case): string =>
-            Console::time($page->time($case)));
-        if (reset($pages)->time('php') === null) {
-            return;
-        }
-        self::matrix('Ratio to hand-written PHP', $pages, static fn (Samples $page, string $case): string =>
-            Console::ratio($page->ratio($case, 'php')));
+        echo "\n== ", $setting->text(), "\n";
     }
 
-    /** @param array<string, array<string, float>> $growth by engine and kind of page */
-    public static function growth(array $growth): void
+    public static function results(Results $results): void
     {
-        $title = 'Time for 10,000 rows or values over the time for 1,000';
-        self::table($title, $growth, static fn (array $kinds): array => array_map(Console::ratio(...), $kinds));
-    }
-
-    /** @param array<string, Memory> $memory by engine */
-    public static function memory(array $memory): void
-    {
-        $title = 'Memory of the process, 100,000 rows: resident before the call, peak in it, (peak - before) / output';
-        self::table($title, $memory, static fn (Memory $engine): array => [
-            'before' => Console::megabytes($engine->before),
-            'peak' => Console::megabytes($engine->peak),
-            'output' => Console::megabytes($engine->output),
-            'ratio' => Console::ratio($engine->ratio()),
-        ]);
+        self::matrix('Median time of one rendering', $results, static fn(string $page, string $case): string
+            => Console::time($results->time($page, $case)));
+        in_array('php', $results->cases(), true) && self::matrix('Ratio to hand-written PHP', $results, static fn(string $page, string $case): string
+            => Console::ratio($results->ratio($page, $case, 'php')));
+        self::growth($results);
+        self::memory($results->memory);
     }
 
     /** @param list<Target> $targets */
     public static function targets(array $targets): void
     {
-        Console::table('Targets', ['work', 'against', 'ratio', 'at most', 'aim', ''], array_map(
-            static fn (Target $target): array => [
+        $head = ['work', 'against', 'ratio', 'at most', 'aim', ''];
+        Console::table('Targets, without JIT where nothing else is said', $head, array_map(
+            static fn(Target $target): array => [
                 $target->work,
                 $target->against,
                 Console::ratio($target->ratio),
@@ -66,37 +57,40 @@ final class Report
         ));
     }
 
-    /**
-     * @param array<string, Samples> $pages by name
-     * @param Closure(Samples, string): string $cell
-     */
-    private static function matrix(string $title, array $pages, Closure $cell): void
+    /** @param Closure(string, string): string $cell of a page and a case */
+    private static function matrix(string $title, Results $results, Closure $cell): void
     {
-        $measured = array_merge(...array_values(array_map(static fn (Samples $page): array => $page->cases(), $pages)));
-        $cases = array_values(array_intersect(array_keys(Engines::LABELS), $measured));
+        $cases = $results->cases();
         $rows = array_map(
-            static fn (string $name): array =>
-                [$name, ...array_map(static fn (string $case): string => $cell($pages[$name], $case), $cases)],
-            array_keys($pages),
+            static fn(string $page): array
+                => [$page, ...array_map(static fn(string $case): string => $cell($page, $case), $cases)],
+            array_keys($results->pages),
         );
         Console::table($title, ['page', ...array_map(Engines::label(...), $cases)], $rows);
     }
 
-    /**
-     * @param array<string, mixed> $figures by engine
-     * @param Closure(mixed): array<string, string> $cells
-     */
-    private static function table(string $title, array $figures, Closure $cells): void
+    private static function growth(Results $results): void
     {
-        if ($figures === []) {
-            return;
-        }
-        $rows = array_map($cells, $figures);
-        $lines = array_map(
-            static fn (string $id, array $row): array => [Engines::label($id), ...array_values($row)],
-            array_keys($rows),
-            $rows,
-        );
-        Console::table($title, ['', ...array_keys(reset($rows))], $lines);
+        $rows = array_map(static fn(string $case): array => [
+            Engines::label($case),
+            Console::ratio($results->growth('catalogue', $case)),
+            Console::ratio($results->growth('tags', $case)),
+        ], $results->cases());
+        $rows = array_values(array_filter($rows, static fn(array $row): bool => $row[1] . $row[2] !== ''));
+        $rows === [] || Console::table('Time for 10,000 over the time for 1,000', ['', 'rows', 'values'], $rows);
+    }
+
+    /** @param array<string, Memory> $memory by engine */
+    private static function memory(array $memory): void
+    {
+        $title = 'Memory of the process, 100,000 rows: resident before the call, peak in it, (peak - before) / output';
+        $rows = array_map(static fn(string $engine, Memory $found): array => [
+            Engines::label($engine),
+            Console::megabytes($found->before),
+            Console::megabytes($found->peak),
+            Console::megabytes($found->output),
+            Console::ratio($found->ratio()),
+        ], array_keys($memory), $memory);
+        $rows === [] || Console::table($title, ['', 'before', 'peak', 'output', 'ratio'], $rows);
     }
 }

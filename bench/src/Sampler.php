@@ -9,10 +9,10 @@ use Closure;
 /** Times several cases in turns, so that whatever else the machine does meets all of them alike. */
 final readonly class Sampler
 {
+    private const int WARM = 50_000_000;
+
     /** @param float $batch the least number of seconds that one sample takes */
-    public function __construct(private int $rounds, private float $batch)
-    {
-    }
+    public function __construct(private int $rounds, private float $batch) {}
 
     /** @param array<string, Closure(): mixed> $cases */
     public function run(array $cases): Samples
@@ -21,7 +21,7 @@ final readonly class Sampler
         $seconds = [];
         for ($round = 0; $round < $this->rounds; $round++) {
             foreach (self::rotate(array_keys($cases), $round) as $id) {
-                $seconds[$id][$round] = self::time($cases[$id], $repeats[$id]) / $repeats[$id];
+                $seconds[$id][] = self::time($cases[$id], $repeats[$id]) / $repeats[$id];
             }
         }
 
@@ -30,13 +30,22 @@ final readonly class Sampler
 
     private function repeats(Closure $case): int
     {
-        $case();
+        self::warm($case);
         $repeats = 1;
         while (($seconds = self::time($case, $repeats)) < $this->batch / 4) {
             $repeats *= 2;
         }
 
         return max(1, (int) ceil($repeats * $this->batch / $seconds));
+    }
+
+    /** A case settles only when the JIT has compiled what it calls, and side exits of that, which it does bit by bit. */
+    private static function warm(Closure $case): void
+    {
+        $end = hrtime(true) + self::WARM;
+        do {
+            $case();
+        } while (hrtime(true) < $end);
     }
 
     private static function time(Closure $case, int $repeats): float

@@ -13,17 +13,16 @@ final readonly class Target
         public string $against,
         public ?float $ratio,
         public float $atMost,
-        public float $aim,
-    ) {
-    }
+        public ?float $aim = null,
+    ) {}
 
     public function verdict(): string
     {
         return match (true) {
             $this->ratio === null => 'not measured',
-            $this->ratio <= $this->aim => 'aim reached',
-            $this->ratio <= $this->atMost => 'reached',
-            default => 'MISSED',
+            $this->ratio > $this->atMost => 'MISSED',
+            $this->aim !== null && $this->ratio <= $this->aim => 'hit, the aim too',
+            default => 'hit',
         };
     }
 }

@@ -5,42 +5,100 @@ declare(strict_types=1);
 namespace Zorvel\Bench;
 
 /** All that zorvel is to reach. */
-final class Targets
+final readonly class Targets
 {
-    private const array COMPILED = ['twig', 'latte', 'smarty', 'mustache'];
-
     /**
-     * @param array<string, Samples> $pages by name
-     * @param array<string, float> $growth by kind of page
-     * @return list<Target>
+     * @param Results $plain without JIT
+     * @param Results $jit with it
      */
-    public static function all(array $pages, array $growth, ?Memory $memory): array
+    public function __construct(private Results $plain, private Results $jit) {}
+
+    /** @return list<Target> */
+    public function all(): array
     {
-        $tenth = $pages['catalogue-1000'] ?? null;
-        $every = $pages['catalogue-1000-escaped'] ?? null;
-        $small = $pages['small'] ?? null;
-        $file = static fn (string $page): ?float => ($pages[$page] ?? null)?->ratio('zorvel', 'file');
+        return [...$this->longPages(), ...$this->shortPages(), ...$this->texts(), ...$this->growth()];
+    }
+
+    /** @return list<Target> */
+    private function longPages(): array
+    {
+        $jit = fn(string $page): ?float => $this->jit->ratio($page, 'zorvel', 'php');
 
         return [
-            new Target('1,000 rows, one in ten escaped', 'PHP', $tenth?->ratio('zorvel', 'php'), 0.65, 0.5),
-            new Target('1,000 rows, all escaped', 'PHP', $every?->ratio('zorvel', 'php'), 1.0, 0.75),
-            self::againstFastest('1,000 rows, one in ten escaped', $tenth, 0.45, 0.3),
-            self::againstFastest('1,000 rows, all escaped', $every, 0.45, 0.3),
-            self::againstFastest('small page', $small, 0.8, 0.6),
-            new Target('small page', 'reading the file', $file('small'), 2.0, 1.6),
-            new Target('50 KB of text', 'reading the file', $file('text-50k'), 4.0, 2.5),
-            new Target('200 KB of text', 'reading the file', $file('text-200k'), 10.0, 5.0),
-            new Target('10,000 rows', '1,000 rows', $growth['rows'] ?? null, 11.0, 10.0),
-            new Target('10,000 values', '1,000 values', $growth['values'] ?? null, 11.0, 10.0),
-            new Target('memory for 100,000 rows', 'size of the output', $memory?->ratio(), 2.2, 1.5),
+            $this->toPhp('catalogue-1000-escaped', 'zorvel', 0.6, 0.5),
+            $this->toPhp('catalogue-1000', 'zorvel', 0.5, 0.4),
+            new Target(Pages::title('catalogue-1000-escaped'), 'PHP, both with JIT', $jit('catalogue-1000-escaped'), 0.7),
+            new Target(Pages::title('catalogue-1000'), 'PHP, both with JIT', $jit('catalogue-1000'), 0.6),
+            $this->toFastest('catalogue-1000-escaped', 'template language', Engines::LANGUAGES, 0.45, 0.3),
+            $this->toFastest('catalogue-1000', 'template language', Engines::LANGUAGES, 0.45, 0.3),
         ];
     }
 
-    private static function againstFastest(string $work, ?Samples $page, float $atMost, float $aim): Target
+    /** @return list<Target> */
+    private function shortPages(): array
     {
-        $fastest = $page?->fastest(self::COMPILED);
-        $against = 'fastest of the others' . ($fastest === null ? '' : ' (' . Engines::label($fastest) . ')');
+        return [
+            $this->toPhp('catalogue-3', 'zorvel-string', 1.8, 1.4),
+            $this->toPhp('small', 'zorvel', 2.0),
+            $this->toPhp('includes', 'zorvel', 5.0),
+            $this->toFastest('small', 'other engine', Engines::OTHERS, 0.8, 0.6),
+            $this->toFastest('includes', 'other engine', Engines::OTHERS, 0.8),
+        ];
+    }
 
-        return new Target($work, $against, $fastest === null ? null : $page->ratio('zorvel', $fastest), $atMost, $aim);
+    /** @return list<Target> */
+    private function texts(): array
+    {
+        $sum = fn(string $page): Target => new Target(
+            Pages::title($page),
+            'given as text, and reading the file',
+            $this->plain->ratio($page, 'zorvel', 'zorvel-string', 'file'),
+            1.05,
+        );
+
+        return [
+            $sum('small'),
+            $sum('catalogue-3'),
+            $this->toReading('small', 2.0, 1.6),
+            $this->toReading('text-50k', 4.0, 2.5),
+            $this->toReading('text-200k', 10.0, 5.0),
+            new Target(Pages::title('text-200k-string'), 'the same in a file', $this->plain->textToFile(), 2.0),
+        ];
+    }
+
+    /** @return list<Target> */
+    private function growth(): array
+    {
+        $memory = ($this->plain->memory['zorvel'] ?? null)?->ratio();
+
+        return [
+            new Target('10,000 rows', '1,000 rows', $this->plain->growth('catalogue', 'zorvel'), 11.0, 10.0),
+            new Target('10,000 values', '1,000 values', $this->plain->growth('tags', 'zorvel'), 11.0, 10.0),
+            new Target('peak memory for 100,000 rows', 'size of the output', $memory, 2.2, 1.5),
+        ];
+    }
+
+    private function toPhp(string $page, string $way, float $atMost, ?float $aim = null): Target
+    {
+        $work = Pages::title($page) . ($way === 'zorvel' ? '' : ', ' . Engines::label($way));
+
+        return new Target($work, 'PHP', $this->plain->ratio($page, $way, 'php'), $atMost, $aim);
+    }
+
+    /** @param list<string> $engines */
+    private function toFastest(string $page, string $kind, array $engines, float $atMost, ?float $aim = null): Target
+    {
+        $fastest = ($this->plain->pages[$page] ?? null)?->fastest($engines);
+        $against = "fastest $kind" . ($fastest === null ? '' : ' (' . Engines::label($fastest) . ')');
+        $ratio = $fastest === null ? null : $this->plain->ratio($page, 'zorvel', $fastest);
+
+        return new Target(Pages::title($page), $against, $ratio, $atMost, $aim);
+    }
+
+    private function toReading(string $page, float $atMost, float $aim): Target
+    {
+        $ratio = $this->plain->ratio($page, 'zorvel', 'file');
+
+        return new Target(Pages::title($page), 'reading the file', $ratio, $atMost, $aim);
     }
 }

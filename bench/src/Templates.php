@@ -38,7 +38,7 @@ final class Templates
 
     private static function copyWritten(string $from, string $folder): void
     {
-        foreach (glob(self::WRITTEN . "/$from/*") as $file) {
+        foreach (glob(self::WRITTEN . "/$from/*") ?: [] as $file) {
             copy($file, $folder . '/' . basename($file));
         }
     }
@@ -61,7 +61,10 @@ final class Templates
         yield 'text-200k' => self::text(100_000) . $class::tag('title') . self::text(100_000);
         yield 'tags-1000' => self::tags($class, 1_000);
         yield 'tags-10000' => self::tags($class, 10_000);
-        yield 'includes' => implode("\n", array_map($class::includeTag(...), self::PARTS));
+        yield 'includes' => implode("\n", array_map(
+            static fn(string $part): string => $class::includeTag($part),
+            self::PARTS,
+        ));
         foreach (self::PARTS as $part) {
             yield $part => "<p>This is $part of " . $class::tag('title') . ".</p>\n";
         }
@@ -99,7 +102,7 @@ final class Templates
 
             return;
         }
-        array_map(self::remove(...), glob("$path/*"));
+        array_map(self::remove(...), glob("$path/*") ?: []);
         rmdir($path);
     }
 }

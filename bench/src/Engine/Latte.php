@@ -17,13 +17,8 @@ final class Latte implements Engine
     public function __construct(private readonly string $templates, string $compiled)
     {
         $this->latte = new LatteEngine();
-        $this->latte->setTempDirectory($compiled);
+        $this->latte->setCacheDirectory($compiled);
         $this->latte->setAutoRefresh(false);
-    }
-
-    public function prepare(array $data): array
-    {
-        return $data;
     }
 
     public function render(string $template, array $data): string
@@ -34,7 +29,7 @@ final class Latte implements Engine
     public static function tag(string ...$keys): string
     {
         $name = array_shift($keys);
-        $path = array_map(static fn (string $key): string => "['$key']", $keys);
+        $path = array_map(static fn(string $key): string => "['$key']", $keys);
 
         return "{\$$name" . implode('', $path) . '|noescape}';
     }

@@ -24,16 +24,6 @@ final class Mustache implements Engine
         ]);
     }
 
-    /** A Mustache section does not know the key of its element, so the rows carry theirs. */
-    public function prepare(array $data): array
-    {
-        foreach ($data['rows'] ?? [] as $key => $row) {
-            $data['rows'][$key]['key'] = $key;
-        }
-
-        return $data;
-    }
-
     public function render(string $template, array $data): string
     {
         return $this->mustache->render($template, $data);

@@ -11,14 +11,7 @@ final class PlainPhp implements Engine
     public const ?string PACKAGE = null;
     public const string EXTENSION = 'php';
 
-    public function __construct(private readonly string $templates, string $compiled)
-    {
-    }
-
-    public function prepare(array $data): array
-    {
-        return $data;
-    }
+    public function __construct(private readonly string $templates, string $compiled) {}
 
     public function render(string $template, array $data): string
     {
@@ -26,14 +19,14 @@ final class PlainPhp implements Engine
         ob_start();
         include "$this->templates/$template.php";
 
-        return ob_get_clean();
+        return (string) ob_get_clean();
     }
 
     public static function tag(string ...$keys): string
     {
         $name = array_shift($keys);
 
-        return "<?= \$$name" . implode('', array_map(static fn (string $key): string => "['$key']", $keys)) . ' ?>';
+        return "<?= \$$name" . implode('', array_map(static fn(string $key): string => "['$key']", $keys)) . ' ?>';
     }
 
     public static function includeTag(string $template): string

@@ -19,11 +19,6 @@ final class Plates implements Engine
         $this->plates = new PlatesEngine($templates);
     }
 
-    public function prepare(array $data): array
-    {
-        return $data;
-    }
-
     public function render(string $template, array $data): string
     {
         return $this->plates->render($template, $data);

@@ -23,11 +23,6 @@ final class Smarty implements Engine
         $this->smarty->setEscapeHtml(true);
     }
 
-    public function prepare(array $data): array
-    {
-        return $data;
-    }
-
     public function render(string $template, array $data): string
     {
         $this->smarty->assign($data);

@@ -23,11 +23,6 @@ final class Twig implements Engine
         );
     }
 
-    public function prepare(array $data): array
-    {
-        return $data;
-    }
-
     public function render(string $template, array $data): string
     {
         return $this->twig->render("$template.html.twig", $data);

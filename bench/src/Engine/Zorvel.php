@@ -17,11 +17,6 @@ class Zorvel implements Engine
         set_include_path($templates);
     }
 
-    public function prepare(array $data): array
-    {
-        return $data;
-    }
-
     public function render(string $template, array $data): string
     {
         return zorvel("$this->templates/$template.html", $data) ?? throw new RuntimeException("zorvel: $template");

@@ -14,7 +14,7 @@ final class ZorvelString extends Zorvel
 
     public function render(string $template, array $data): string
     {
-        $text = $this->texts[$template] ??= file_get_contents("$this->templates/$template.html");
+        $text = $this->texts[$template] ??= (string) file_get_contents("$this->templates/$template.html");
 
         return zorvel($text, $data, true) ?? throw new RuntimeException("zorvel: $template");
     }

@@ -1,0 +1,37 @@
+<?php
+
+declare(strict_types=1);
+
+namespace Zorvel\Bench;
+
+/** What runs PHP in a child process: as PHP says, not as it was asked for. */
+final readonly class Setting
+{
+    private function __construct(public string $php, public bool $threadSafe, public bool $opcache, public bool $jit) {}
+
+    public static function ofThisProcess(): self
+    {
+        $opcache = opcache_get_status(false) ?: [];
+        $jit = $opcache['jit'] ?? [];
+
+        return new self(PHP_VERSION, ZEND_THREAD_SAFE, $opcache !== [], is_array($jit) && ($jit['on'] ?? false) === true);
+    }
+
+    public static function ofJson(string $json): self
+    {
+        /** @var array{php: string, threadSafe: bool, opcache: bool, jit: bool} $setting */
+        $setting = json_decode($json, true, flags: JSON_THROW_ON_ERROR);
+
+        return new self(...$setting);
+    }
+
+    public function text(): string
+    {
+        return implode(', ', [
+            "PHP $this->php",
+            $this->threadSafe ? 'thread-safe' : 'not thread-safe',
+            $this->opcache ? 'opcache' : 'no opcache',
+            $this->jit ? 'JIT' : 'no JIT',
+        ]);
+    }
+}
