@@ -15,4 +15,4 @@ return new Config()
         'strict_comparison' => true,
     ])
     ->setCacheFile(__DIR__ . '/../build/php-cs-fixer.cache')
-    ->setFinder(Finder::create()->in(__DIR__)->exclude('vendor')->append([__FILE__]));
+    ->setFinder(Finder::create()->in([__DIR__, __DIR__ . '/../bench'])->exclude(['vendor', 'templates'])->append([__FILE__]));

@@ -35,7 +35,8 @@ final class Chart
         );
         $bodies = array_map(self::column(...), $columns, array_keys($columns));
         $height = self::HEAD + max(array_map(self::columnHeight(...), $columns));
-        $setting = 'PHP ' . PHP_VERSION . ', opcache, no JIT, each page in a process of its own. Outlined: only reading the file, only escaping.';
+        $setting = 'PHP ' . PHP_VERSION . ' with opcache, no JIT, each page in a process of its own.'
+            . ' Outlined: only reading the file, only escaping.';
         $width = self::COLUMN * count($columns);
 
         file_put_contents($file, implode("\n", [

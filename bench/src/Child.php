@@ -24,12 +24,13 @@ final readonly class Child
     public function __construct(private Jit $jit, private array $under) {}
 
     /** @return string what the job printed: one line of JSON */
-    public function run(string ...$job): string
+    public function run(string $job, string ...$arguments): string
     {
-        $child = proc_open([...$this->php(), __DIR__ . '/../job.php', ...array_values($job)], [1 => ['pipe', 'w']], $pipes);
+        $command = [...$this->php(), __DIR__ . '/../job.php', $job, ...array_values($arguments)];
+        $child = proc_open($command, [1 => ['pipe', 'w']], $pipes);
         $child !== false || throw new RuntimeException('PHP does not start.');
         $line = (string) stream_get_contents($pipes[1]);
-        proc_close($child) === 0 || throw new RuntimeException('This did not succeed: ' . implode(' ', $job));
+        proc_close($child) === 0 || throw new RuntimeException("The job $job has failed.");
 
         return $line;
     }

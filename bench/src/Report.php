@@ -32,10 +32,10 @@ final class Report
 
     public static function results(Results $results): void
     {
-        self::matrix('Median time of one rendering', $results, static fn(string $page, string $case): string
-            => Console::time($results->time($page, $case)));
-        in_array('php', $results->cases(), true) && self::matrix('Ratio to hand-written PHP', $results, static fn(string $page, string $case): string
-            => Console::ratio($results->ratio($page, $case, 'php')));
+        $time = static fn(string $page, string $case): string => Console::time($results->time($page, $case));
+        $ratio = static fn(string $page, string $case): string => Console::ratio($results->ratio($page, $case, 'php'));
+        self::matrix('Median time of one rendering', $results, $time);
+        in_array('php', $results->cases(), true) && self::matrix('Ratio to hand-written PHP', $results, $ratio);
         self::growth($results);
         self::memory($results->memory);
     }
@@ -43,6 +43,7 @@ final class Report
     /** @param list<Target> $targets */
     public static function targets(array $targets): void
     {
+        $measured = array_values(array_filter($targets, static fn(Target $target): bool => $target->ratio !== null));
         $head = ['work', 'against', 'ratio', 'at most', 'aim', ''];
         Console::table('Targets, without JIT where nothing else is said', $head, array_map(
             static fn(Target $target): array => [
@@ -53,8 +54,10 @@ final class Report
                 (string) $target->aim,
                 $target->verdict(),
             ],
-            $targets,
+            $measured,
         ));
+        $unmeasured = count($targets) - count($measured);
+        echo $unmeasured === 0 ? '' : "\n$unmeasured more targets were not measured.\n";
     }
 
     /** @param Closure(string, string): string $cell of a page and a case */

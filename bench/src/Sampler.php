@@ -9,7 +9,7 @@ use Closure;
 /** Times several cases in turns, so that whatever else the machine does meets all of them alike. */
 final readonly class Sampler
 {
-    private const int WARM = 50_000_000;
+    private const int WARM = 50_000_000; // nanoseconds
 
     /** @param float $batch the least number of seconds that one sample takes */
     public function __construct(private int $rounds, private float $batch) {}
@@ -39,7 +39,7 @@ final readonly class Sampler
         return max(1, (int) ceil($repeats * $this->batch / $seconds));
     }
 
-    /** A case settles only when the JIT has compiled what it calls, and side exits of that, which it does bit by bit. */
+    /** With the JIT a case settles only when the side exits of what it runs are compiled as well, bit by bit. */
     private static function warm(Closure $case): void
     {
         $end = hrtime(true) + self::WARM;
