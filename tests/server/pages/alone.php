@@ -1,0 +1,6 @@
+<?php
+// A page of PHP alone, about as slow as those of pages.php: for the run without the extension.
+declare(strict_types=1);
+
+usleep(mt_rand(0, 10_000));
+echo str_repeat("$_GET[token]\n", 1000);

@@ -1,0 +1,1 @@
+{token}{include open.tpl}

@@ -1,0 +1,1 @@
+{token}{include back.tpl}

@@ -1,0 +1,1 @@
+{row::[*]}. {row::*} for {token}
