@@ -1,9 +1,9 @@
-# Installers look for a module under the extension's own name: a second name of the one file.
+# Installers look for a module under the extension's own name: in modules/ a copy, once installed a second name.
 zorvel_file = php_zorvel.$(SHLIB_DL_SUFFIX_NAME)
 zorvel_name = zorvel.$(SHLIB_DL_SUFFIX_NAME)
 
 $(phplibdir)/$(zorvel_name): $(phplibdir)/php_zorvel.la
-	ln -sf $(zorvel_file) $@
+	cp -f $(phplibdir)/$(zorvel_file) $@
 
 install-zorvel: install-modules
 	ln -sf $(zorvel_file) $(INSTALL_ROOT)$(EXTENSION_DIR)/$(zorvel_name)

@@ -5,7 +5,7 @@
 #include <php.h>
 
 /// This thread's engine globals, found without a call into the engine each time; set when a call begins.
-ZEND_TSRMLS_CACHE_EXTERN()
+TSRMLS_MAIN_CACHE_EXTERN()
 
 namespace zorvel
 {
@@ -70,6 +70,15 @@ template <std::invocable Call>
 void guardedNoThrow(Call call) noexcept
 {
     detail::survives(call);
+}
+
+/// Lets the engine in when it asks for it: max_execution_time has struck, or a signal's handler is due. To be called
+/// wherever long work goes on, as the engine itself asks at its jumps and calls.
+/// @throws Bailout, PendingException
+inline void serveInterrupt()
+{
+    if (zend_atomic_bool_load_ex(&EG(vm_interrupt)))
+        guarded([] { zend_fcall_interrupt(EG(current_execute_data)); });
 }
 
 /// True when the stack is used up but for the engine's reserve, in which it is still safe to fail.

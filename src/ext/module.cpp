@@ -4,7 +4,7 @@
 #include "ext/page.h"
 #include "ext/zorvel_arginfo.h"
 
-ZEND_TSRMLS_CACHE_DEFINE()
+TSRMLS_MAIN_CACHE_DEFINE()
 
 namespace
 {

@@ -73,7 +73,7 @@ std::unique_ptr<DynamicBlock> buildBlock(Template& tpl, const LoopParameter& loo
 
 void parseDynamicTag(Template& tpl, BlockList& blocks, PendingText& pending, std::string_view parameter, bool reverse)
 {
-    Template::flushText(blocks, pending);
+    tpl.flushText(blocks, pending);
     const LoopParameter loop = splitLoopParameter(parameter);
     checkNamespace(tpl, loop);
     blocks.push_back(buildBlock(tpl, loop, reverse));

@@ -29,7 +29,7 @@ void parseFilterTag(Template& tpl, BlockList& blocks, PendingText& pending, std:
         return;
     if (resolved.status == ParamStatus::Found)
         return appendEscaped(pending->text, escapingOf<Code>(), resolved.value);
-    Template::flushText(blocks, pending);
+    tpl.flushText(blocks, pending);
     blocks.push_back(std::make_unique<FilterBlock<Code>>(std::string(resolved.namespaceName), keysOf(resolved),
                                                          resolved.status == ParamStatus::LoopKey));
 }

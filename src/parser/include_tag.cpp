@@ -44,7 +44,7 @@ void parseFile(Template& tpl, BlockList& blocks, PendingText& pending, const std
 
 void parseIncludeTag(Template& tpl, BlockList& blocks, PendingText& pending, std::string_view parameter)
 {
-    Template::flushText(blocks, pending);
+    tpl.flushText(blocks, pending);
     const std::string fileName = fileNameFrom(tpl, resolveView(tpl, parameter), parameter);
     checkCircle(tpl, fileName, parameter);
     try {

@@ -25,7 +25,7 @@ OptionalMode modeFor(ParamStatus status)
 
 void parseOptionalTag(Template& tpl, BlockList& blocks, PendingText& pending, std::string_view parameter, bool negated)
 {
-    Template::flushText(blocks, pending);
+    tpl.flushText(blocks, pending);
     const std::size_t space = parameter.find(' ');
     const std::string_view compareText =
         space == std::string_view::npos ? std::string_view() : parameter.substr(space + 1);

@@ -89,7 +89,7 @@ void parseVariableTag(Template& tpl, BlockList& blocks, PendingText& pending, st
             return;
         }
         if (resolved.status != ParamStatus::NotFound) {
-            Template::flushText(blocks, pending);
+            tpl.flushText(blocks, pending);
             blocks.push_back(buildBlock(alternatives));
             return;
         }

@@ -100,6 +100,7 @@ void renderBlocks(Template& tpl, const BlockList& blocks, std::string& out, cons
             throwError(message::nullBlock);
         if (const BlockRenderer* renderer = findRenderer(rendererTable, block->type))
             (*renderer)(tpl, *block, out, data);
+        tpl.input->memory.check(out.size());
     }
 }
 

@@ -105,6 +105,7 @@ void renderDynamic(Template& tpl, DynamicBlock& block, std::string& out, const z
     OutputEstimate estimate(out, walk.size());
     tpl.dynamicStack.push_back(&block);
     while (const zval* element = walk.next(block.currentKey)) {
+        serveInterrupt();
         block.currentValue = element;
         renderBlocks(tpl, block.children, out, element);
         estimate.reserveAfterElement(out);

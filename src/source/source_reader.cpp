@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "engine/guard.h"
 #include "engine/reserve_ahead.h"
 #include "ext/failure.h"
 
@@ -71,6 +72,7 @@ bool SourceReader::readUntil(std::string& out, char delimiter)
             appendLastBrace(out, state);
             return false;
         }
+        memory.check(out.size());
         reserveForChunk(out);
     }
     return true;
@@ -146,6 +148,7 @@ bool SourceReader::fill()
         exhausted = true;
         return false;
     }
+    serveInterrupt();
     pos = 0;
     if (stream.atEnd()) {
         buffer = {};

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "engine/memory_bound.h"
 #include "engine/stream.h"
 
 namespace zorvel
@@ -62,6 +63,8 @@ private:
     std::size_t pos = 0;
     /// The whole text in string mode, else the current chunk.
     std::vector<char> buffer;
+    /// Asked as a text or tag grows that comes in many chunks.
+    MemoryBound memory;
 };
 
 } // namespace zorvel

@@ -15,6 +15,8 @@ namespace
 
 /// Room for the text between two tags, in place of the first few growths.
 constexpr std::size_t TEXT_RESERVE = 240;
+/// What a block takes, with what it holds in memory of its own.
+constexpr std::size_t BLOCK_SIZE = 400;
 
 } // namespace
 
@@ -37,8 +39,11 @@ void Template::parseBlocks(BlockList& list, PendingText& pending, int expectedCl
         throwError(message::tooDeep, name());
 
     bool closed = false;
-    while (!closed && !reader.atEnd())
+    while (!closed && !reader.atEnd()) {
+        serveInterrupt();
+        input->memory.check(input->treeSize + pending->text.size());
         closed = reader.readUntil(pending->text, '{') && dispatchTag(*this, list, pending, expectedClose);
+    }
     flushText(list, pending);
     if (!closed && expectedClose != 0)
         throwError(message::missingClose, name());
@@ -46,6 +51,7 @@ void Template::parseBlocks(BlockList& list, PendingText& pending, int expectedCl
 
 void Template::flushText(BlockList& list, PendingText& pending)
 {
+    input->treeSize += pending->text.size() + BLOCK_SIZE;
     if (pending->text.empty())
         return;
     list.push_back(std::move(pending));

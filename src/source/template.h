@@ -9,6 +9,7 @@
 #include "blocks/block.h"
 #include "blocks/text_block.h"
 #include "data/path_lookup.h"
+#include "engine/memory_bound.h"
 #include "source/source_reader.h"
 
 namespace zorvel
@@ -22,6 +23,10 @@ struct TemplateInput {
     std::string fileName;
     /// The user data: always an array, borrowed from the caller, only read.
     const zval* userData;
+    /// Asked as the tree and the page grow.
+    MemoryBound memory = {};
+    /// Bytes of the blocks that have been parsed, roughly.
+    std::size_t treeSize = 0;
 };
 
 /// One template source being parsed and rendered: the file or text given to the call, or one included file,
@@ -45,7 +50,7 @@ public:
 
     /// Moves pending text, when there is any, to the end of `list`. Done before any other block is added, so
     /// that text and tags keep their order.
-    static void flushText(BlockList& list, PendingText& pending);
+    void flushText(BlockList& list, PendingText& pending);
 
     /// The page. To be called once: a page that parsing has settled to a single text is moved out of its
     /// block, since copies of large texts cost more in page faults than all parsing.

@@ -100,6 +100,13 @@ const Program programs[] = {
      "ini_set('memory_limit', '4M'); page('{addslashes a}', ['a' => str_repeat('\\'', 3 << 19)]);", "fatal"},
     {"memory_limit in the message",
      "ini_set('memory_limit', '4M'); page('{optional a}' . str_repeat('x', 5 << 18));", "fatal"},
+    {"memory_limit while a file is read", "ini_set('memory_limit', '4M'); page('/dev/zero', [], false);", "fatal"},
+    {"memory_limit while a page grows",
+     "ini_set('memory_limit', '4M'); $d = ['r' => range(1, 1000), 'v' => str_repeat('x', 9999)];"
+     "page('{dynamic r}{dynamic r}{dynamic r}{v}{/dynamic}{/dynamic}{/dynamic}', $d);",
+     "fatal"},
+    {"memory_limit while a tree grows",
+     "ini_set('memory_limit', '4M'); page(str_repeat('{v}{*}', 99999), ['v' => str_repeat('x', 9999)]);", "fatal"},
 
     {"array emptied while walked",
      "$a = [new Text(function () use (&$a) { $a = []; }), 'x', 'y'];"
