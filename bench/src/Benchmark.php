@@ -5,6 +5,7 @@ declare(strict_types=1);
 namespace Zorvel\Bench;
 
 use Closure;
+use Zorvel\DataWalk;
 
 /** Renders pages by engines. */
 final readonly class Benchmark
@@ -56,13 +57,16 @@ final readonly class Benchmark
         return static fn(): string => $engine->render($template, $data);
     }
 
-    /** @return array<string, Closure(): void> */
+    /** @return array<string, Closure(): mixed> */
     private static function floor(Page $page): array
     {
         $folder = Templates::folder('zorvel');
         $names = [$page->template, ...$page->parts];
         $files = array_map(static fn(string $name): string => "$folder/$name.html", $names);
-        $floor = ['file' => static fn() => self::read($files)];
+        $floor = [
+            'file' => static fn() => self::read($files),
+            'data' => static fn() => new DataWalk($page->template)->plain($page->data),
+        ];
 
         return $page->html === [] ? $floor : $floor + ['escape' => static fn() => self::escape($page)];
     }

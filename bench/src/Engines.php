@@ -6,7 +6,10 @@ namespace Zorvel\Bench;
 
 use Composer\InstalledVersions;
 
-/** What can be measured: the engines, and as a floor PHP reading the file or escaping the values, alone. */
+/**
+ * What can be measured: the engines, as a floor PHP reading the file or escaping the values, alone, and what the view
+ * does with the data before it renders them.
+ */
 final class Engines
 {
     private const array CLASSES = [
@@ -31,6 +34,7 @@ final class Engines
         'plates' => 'Plates',
         'file' => 'read file',
         'escape' => 'escape only',
+        'data' => "view's data",
     ];
 
     /** How zorvel can be given a template. */

@@ -14,6 +14,7 @@ final class Report
         opcache, and none looks whether a template has changed. zorvel keeps nothing between two calls: it reads and
         parses its file each time; "zorvel, string" is given the text, which was read before, and parses it.
         "read file" is file_get_contents of the files, "escape only" the escaping of the values: floors, no pages.
+        "view's data" is what zorvel/view adds: it makes the data of the page into texts.
 
         TEXT;
 

@@ -32,6 +32,7 @@ final readonly class Targets
             $withJit('catalogue-1000', 0.6),
             $this->toFastest('catalogue-1000-escaped', 'template language', Engines::LANGUAGES, 0.45, 0.3),
             $this->toFastest('catalogue-1000', 'template language', Engines::LANGUAGES, 0.45, 0.3),
+            new Target("view's data for 1,000 rows", 'rendering them, all escaped', $this->plain->ratio('catalogue-1000-escaped', 'data', 'zorvel'), 1.0),
         ];
     }
 
