@@ -36,7 +36,7 @@ final class Chart
         $bodies = array_map(self::column(...), $columns, array_keys($columns));
         $height = self::HEAD + max(array_map(self::columnHeight(...), $columns));
         $setting = 'PHP ' . PHP_VERSION . ' with opcache, no JIT, each page in a process of its own.'
-            . ' Outlined: only reading the file, only escaping.';
+            . ' Outlined: parts of the work, alone.';
         $width = self::COLUMN * count($columns);
 
         file_put_contents($file, implode("\n", [
@@ -78,7 +78,7 @@ final class Chart
     {
         $class = match (true) {
             str_starts_with($case, 'zorvel') => 'zorvel',
-            in_array($case, ['file', 'escape'], true) => 'floor',
+            in_array($case, ['file', 'escape', 'data'], true) => 'floor',
             default => 'peer',
         };
         $x = $left + self::BARS;

@@ -21,13 +21,14 @@ final readonly class Child
     ];
 
     /** @param list<string> $under the command to run PHP under */
-    public function __construct(private Jit $jit, private array $under) {}
+    public function __construct(private Variant $variant, private array $under) {}
 
     /** @return string what the job printed: one line of JSON */
     public function run(string $job, string ...$arguments): string
     {
         $command = [...$this->php(), __DIR__ . '/../job.php', $job, ...array_values($arguments)];
-        $child = proc_open($command, [1 => ['pipe', 'w']], $pipes);
+        $environment = [...getenv(), ...$this->variant->environment()];
+        $child = proc_open($command, [1 => ['pipe', 'w']], $pipes, null, $environment);
         $child !== false || throw new RuntimeException('PHP does not start.');
         $line = (string) stream_get_contents($pipes[1]);
         proc_close($child) === 0 || throw new RuntimeException("The job $job has failed.");
@@ -39,7 +40,7 @@ final readonly class Child
     private function php(): array
     {
         $command = [...$this->under, PHP_BINARY, '-n'];
-        foreach ([...self::SETTINGS, 'opcache.jit' => $this->jit->value] as $name => $value) {
+        foreach ([...self::SETTINGS, ...$this->variant->settings()] as $name => $value) {
             array_push($command, '-d', "$name=$value");
         }
 

@@ -22,7 +22,7 @@ final class Job
     }
 
     /** Compiles all templates on its way. */
-    private static function check(string $pages, string $engines): Setting
+    private static function check(string $pages, string $engines): string
     {
         $benchmark = new Benchmark(explode(',', $engines));
         array_map($benchmark->check(...), explode(',', $pages));

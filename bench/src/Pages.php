@@ -16,6 +16,8 @@ final class Pages
         'catalogue-10-escaped' => '10 rows, all escaped',
         'catalogue-100' => '100 rows, one in ten escaped',
         'catalogue-100-escaped' => '100 rows, all escaped',
+        'catalogue-500' => '500 rows, one in ten escaped',
+        'catalogue-500-escaped' => '500 rows, all escaped',
         'catalogue-1000' => '1,000 rows, one in ten escaped',
         'catalogue-1000-escaped' => '1,000 rows, all escaped',
         'catalogue-10000' => '10,000 rows, one in ten escaped',

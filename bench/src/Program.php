@@ -18,41 +18,54 @@ final readonly class Program
     {
         Templates::prepare(Engines::installed());
         match (true) {
-            $this->options->check => $this->check(new Child(Jit::Off, $this->options->under)),
+            $this->options->check => $this->check(Variant::Plain),
             $this->options->repeat !== null => $this->repeat($this->options->repeat),
             default => $this->measure(),
         };
     }
 
-    private function check(Child $child): Setting
+    /** @return string the setting that the engines agree in */
+    private function check(Variant $variant): string
     {
-        return Setting::ofJson($child->run('check', implode(',', $this->options->pages), $this->engines));
+        $pages = implode(',', $variant->pages($this->options->pages));
+        /** @var string $setting */
+        $setting = json_decode($this->child($variant)->run('check', $pages, $this->engines));
+
+        return $setting;
+    }
+
+    private function child(Variant $variant): Child
+    {
+        return new Child($variant, $this->options->under);
     }
 
     private function repeat(string $times): void
     {
-        $child = new Child(Jit::Off, $this->options->under);
         foreach ($this->options->pages as $page) {
-            $child->run('repeat', $page, $this->engines, $times);
+            $this->child(Variant::Plain)->run('repeat', $page, $this->engines, $times);
         }
     }
 
     private function measure(): void
     {
         Report::head();
-        $plain = $this->results(Jit::Off, $this->options->full);
-        $jit = $this->results(Jit::On, false);
-        Report::targets(new Targets($plain, $jit)->all());
+        $plain = $this->results(Variant::Plain);
+        $jit = $this->results(Variant::Jit);
+        $trimmed = $this->results(Variant::Trimmed);
+        Report::targets(new Targets($plain, $jit, $trimmed)->all());
         if ($this->options->full) {
             Chart::write(__DIR__ . '/../../docs/benchmark.svg', $plain);
         }
     }
 
-    private function results(Jit $jit, bool $withMemory): Results
+    private function results(Variant $variant): Results
     {
-        $child = new Child($jit, $this->options->under);
-        Report::setting($this->check($child));
-        $results = new Results($this->pages($child), $withMemory ? $this->memory($child) : []);
+        if ($variant->pages($this->options->pages) === []) {
+            return new Results([], []);
+        }
+        Report::setting($this->check($variant));
+        $withMemory = $this->options->full && $variant === Variant::Plain;
+        $results = new Results($this->pages($variant), $withMemory ? $this->memory($variant) : []);
         Report::results($results);
 
         return $results;
@@ -63,14 +76,14 @@ final readonly class Program
      *
      * @return array<string, Samples> by page
      */
-    private function pages(Child $child): array
+    private function pages(Variant $variant): array
     {
         [$runs, $rounds, $batch] = $this->options->quick ? [1, '5', '0.01'] : [3, '7', '0.02'];
-        $samples = array_fill_keys($this->options->pages, new Samples([]));
+        $samples = array_fill_keys($variant->pages($this->options->pages), new Samples([]));
         for ($run = 1; $run <= $runs; $run++) {
             foreach ($samples as $page => $before) {
                 Console::progress("run $run of $runs: $page");
-                $json = $child->run('measure', $page, $this->engines, $rounds, $batch);
+                $json = $this->child($variant)->run('measure', $page, $this->engines, $rounds, $batch);
                 $samples[$page] = $before->with(Samples::ofJson($json));
             }
         }
@@ -79,12 +92,12 @@ final readonly class Program
     }
 
     /** @return array<string, Memory> by engine */
-    private function memory(Child $child): array
+    private function memory(Variant $variant): array
     {
         $memory = [];
         foreach (array_diff($this->options->engines, ['zorvel-string']) as $engine) {
             Console::progress("memory: $engine");
-            $memory[$engine] = Memory::ofJson($child->run('memory', $engine));
+            $memory[$engine] = Memory::ofJson($this->child($variant)->run('memory', $engine));
         }
 
         return $memory;
