@@ -5,6 +5,7 @@ declare(strict_types=1);
 namespace Zorvel\Strict;
 
 use Zorvel\Syntax\Node;
+use Zorvel\Syntax\Path;
 use Zorvel\Syntax\Source;
 use Zorvel\Syntax\Tag;
 use Zorvel\Syntax\TagKind;

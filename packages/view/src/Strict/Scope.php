@@ -4,6 +4,8 @@ declare(strict_types=1);
 
 namespace Zorvel\Strict;
 
+use Zorvel\Syntax\Path;
+
 /** What a tag can name: the data, and what the loops around it have reached. */
 final readonly class Scope
 {

@@ -8,6 +8,7 @@ namespace Zorvel\Syntax;
 final readonly class Fault
 {
     private const string NOT_OPENED = 'Could not open file';
+    private const string ABOUT_A_TAG = '/^(Missing|Unexpected) closing |^Bad formated parameter|^\w+ block bad parameter/';
 
     /** @param ?Tag $tag null for what no tag tells, as that sections are nested too deeply */
     private function __construct(public string $template, public string $what, public ?Tag $tag) {}
@@ -21,7 +22,8 @@ final readonly class Fault
     public static function of(string $message, string $template): self
     {
         [$what, $name] = self::split($message, $template);
-        foreach (Source::withIncludes($name) as $source) {
+        $isAboutTag = preg_match(self::ABOUT_A_TAG, $what) === 1;
+        foreach ($isAboutTag ? Source::withIncludes($name) : [] as $source) {
             $tag = new FaultFinder($what)->find($source->text);
             if ($tag !== null) {
                 return new self($source->name, $what, $tag);

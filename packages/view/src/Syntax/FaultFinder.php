@@ -13,17 +13,12 @@ use Zorvel\EngineFailure;
  */
 final readonly class FaultFinder
 {
-    private const string ABOUT_A_TAG = '/^(Missing|Unexpected) closing |^Bad formated parameter|^\w+ block bad parameter/';
-
     /** @param string $what the engine's message without the name of the template */
     public function __construct(private string $what) {}
 
     /** The first tag that has this fault; of the sections that are left open the outermost. */
     public function find(string $text): ?Tag
     {
-        if (preg_match(self::ABOUT_A_TAG, $this->what) !== 1) {
-            return null;
-        }
         $open = [];
         foreach (new TagReader()->read($text) as $tag) {
             if ($this->isIn($tag, $open)) {
