@@ -6,7 +6,10 @@ namespace Zorvel\Tools\Tests;
 
 use PHPUnit\Framework\Attributes\DataProvider;
 use PHPUnit\Framework\TestCase;
+use Zorvel\Tools\Rule\Rules;
 use Zorvel\Tools\Template\Folders;
+use Zorvel\Tools\Template\Includes;
+use Zorvel\Tools\Template\Template;
 
 final class LintCommandTest extends TestCase
 {
@@ -28,8 +31,14 @@ final class LintCommandTest extends TestCase
         yield 'a file of any name' => ['bad/c.txt', 1, 'bad/c.txt' . self::OPEN . "1 error and 0 warnings in 1 template\n", ''];
         yield 'a file twice' => ['bad/c.txt bad/c.txt', 1, 'bad/c.txt' . self::OPEN . "1 error and 0 warnings in 1 template\n", ''];
         yield 'what cannot be read' => ['lost good.tpl', 1, "lost/lost.tpl:1:1: error: This cannot be read: give permission, or leave it out"
-            . " [unreadable]\n1 error and 0 warnings in 1 template\n", ''];
-        yield 'standard input' => ['-', 1, 'stdin' . self::OPEN . "1 error and 0 warnings in 1 template\n", ''];
+            . " [unreadable]\n1 error and 0 warnings in 2 templates\n", ''];
+        yield 'standard input' => ['-', 1, '(standard input)' . self::OPEN . "1 error and 0 warnings in 1 template\n", ''];
+        yield 'an address' => ['remote.tpl', 0, "0 errors and 0 warnings in 1 template\n", ''];
+        yield 'sample data' => ['good.tpl --data marked.json', 0, "0 errors and 0 warnings in 1 template\n", ''];
+        yield 'other sample data' => ['good.tpl --data other.json', 0, "good.tpl:1:1: warning: x names nothing, and there is no default"
+            . " [silent-tag]\n0 errors and 1 warning in 1 template\n", ''];
+        yield 'sample data that is none' => ['good.tpl --data good.tpl', 2, '', "zorvel: good.tpl is not valid JSON: Syntax error\n"];
+        yield 'no sample data' => ['good.tpl --data none.json', 2, '', "zorvel: cannot read none.json\n"];
         yield 'no such file' => ['none.tpl', 2, '', "zorvel: no such file or folder: none.tpl\n"];
         yield 'no template' => ['empty', 2, '', "zorvel: lint found no template; see zorvel lint --help\n"];
         yield 'no path' => ['', 2, '', "zorvel: Not enough arguments (missing: \"path\").\n"];
@@ -43,6 +52,7 @@ final class LintCommandTest extends TestCase
     {
         $open = array_fill_keys(['bad/a.html', 'bad/in/b.tpl', 'bad/c.txt', 'bad/vendor/d.tpl', 'bad/in/node_modules/e.tpl', 'bad/.f/g.tpl'], '{optional x}');
         $this->write($open + ['good.tpl' => '{x}', 'odd/x.tpl' => '{include no.tpl}', 'more/no.tpl' => '']);
+        $this->write(['marked.json' => "\u{FEFF}{\"x\": 1}", 'other.json' => '{"y": 1}', 'remote.tpl' => '{include data:text/plain,{optional x}}']);
         array_map(mkdir(...), ['empty', 'lost']);
         symlink('nowhere', 'lost/lost.tpl');
 
@@ -55,13 +65,14 @@ final class LintCommandTest extends TestCase
         $this->write(['a.tpl' => '', 'locked/b.tpl' => '', 'z.tpl' => '']);
         chmod('locked', 0);
         $folders = new Folders(['.'], ['tpl']);
-        $unreadable = [];
+        $rules = new Rules($folders, new Includes($folders));
         $isRoot = posix_getuid() === 0 && posix_seteuid(65534);
-        $files = $folders->templatesIn('.', $unreadable);
+        $files = $folders->templatesAt('.');
+        $findings = iterator_to_array($rules->findings(Template::fromFile($files[1])));
         $isRoot && posix_seteuid(0);
         chmod('locked', 0o700);
 
-        self::assertSame([['a.tpl', 'z.tpl'], ['locked']], [$files, $unreadable]);
+        self::assertSame([['a.tpl', 'locked', 'z.tpl'], ['unreadable']], [$files, array_column($findings, 'rule')]);
     }
 
     public function testSaysItsVersionAndThatTheExtensionIsMissing(): void

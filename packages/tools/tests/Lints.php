@@ -13,10 +13,13 @@ trait Lints
 {
     use TemporaryFolder;
 
+    /** @var ?array<array-key, mixed> */
+    private ?array $data = null;
+
     /** @return list<Finding> */
     private function findings(Template ...$templates): array
     {
-        return new Linter(new Folders(['.'], ['tpl']))->lint($templates);
+        return new Linter(new Folders(['.'], ['tpl']), $this->data)->lint(array_values($templates));
     }
 
     /** @return list<string> the rules, with their places */
@@ -24,6 +27,6 @@ trait Lints
     {
         $found = fn(Finding $finding): string => "$finding->line:$finding->column $finding->rule";
 
-        return array_map($found, $this->findings(new Template('page.tpl', $text, isText: true)));
+        return array_map($found, $this->findings(new Template('page.tpl', $text)));
     }
 }

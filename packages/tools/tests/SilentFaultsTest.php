@@ -6,6 +6,7 @@ namespace Zorvel\Tools\Tests;
 
 use PHPUnit\Framework\Attributes\DataProvider;
 use PHPUnit\Framework\TestCase;
+use Zorvel\Tools\Finding;
 use Zorvel\Tools\Template\Template;
 
 final class SilentFaultsTest extends TestCase
@@ -73,7 +74,7 @@ final class SilentFaultsTest extends TestCase
             foreach (new Document($name)->rows() as $line => $row) {
                 $template = $row['Template'] ?? $row['page.tpl'];
                 isset($row['Warning']) || $this->write(['part.tpl' => $row['part.tpl'] ?? '']);
-                $findings = isset($row['Warning']) ? [] : $this->findings(new Template("$name:$line", $template, isText: true));
+                $findings = isset($row['Warning']) ? [] : $this->findings(new Template("$name:$line", $template));
                 $traps += $findings === [] ? [] : [$template => array_column($findings, 'rule')];
             }
         }
@@ -97,14 +98,18 @@ final class SilentFaultsTest extends TestCase
         );
     }
 
-    public function testFindsFaultsOfIncludedFilesAndReadsNothingElse(): void
+    public function testFindsFaultsOfIncludedFiles(): void
     {
         $this->write([
-            'page.tpl' => '{include part.tpl}{include data:text/plain,{optional x}}',
-            'part.tpl' => "\n{a::}{include page.tpl}{optional b}",
+            'page.tpl' => '{include part.tpl}',
+            'part.tpl' => "\n{a::}{optional b}{include page.tpl}",
         ]);
-        $findings = $this->findings(Template::fromFile('page.tpl'));
+        $places = fn(string ...$files): array => array_map(
+            fn(Finding $finding): string => "$finding->file:$finding->line:$finding->column $finding->rule",
+            $this->findings(...array_map(Template::fromFile(...), array_values($files))),
+        );
 
-        self::assertSame([['part.tpl', 2, 1, 'broken-tag']], array_map(fn($f): array => [$f->file, $f->line, $f->column, $f->rule], $findings));
+        self::assertSame(['part.tpl:2:1 broken-page'], $places('page.tpl'));
+        self::assertSame(['part.tpl:2:1 broken-tag', 'part.tpl:2:6 unclosed-section'], $places('page.tpl', 'part.tpl'));
     }
 }

@@ -14,7 +14,7 @@ use Zorvel\Tools\Level;
 use Zorvel\Tools\Linter;
 use Zorvel\Tools\Report\Format;
 use Zorvel\Tools\Template\Folders;
-use Zorvel\Tools\Template\Selection;
+use Zorvel\Tools\Template\Template;
 use Zorvel\Tools\UsageError;
 
 #[AsCommand('lint', 'Find the mistakes in templates', help: <<<'TEXT'
@@ -27,6 +27,9 @@ use Zorvel\Tools\UsageError;
     TEXT)]
 final readonly class LintCommand
 {
+    /** What an include may read while a program serves pages, but not while its templates are checked. */
+    private const array CLOSED = ['data', 'ftp', 'ftps', 'http', 'https', 'php'];
+
     /**
      * @param list<string> $path
      * @param list<string> $includePath
@@ -37,6 +40,8 @@ final readonly class LintCommand
         array $path,
         #[Option('A further folder with files to include')]
         array $includePath = [],
+        #[Option('Sample data, a JSON file: find what comes to nothing with it')]
+        ?string $data = null,
         #[Option('text, json, github or checkstyle')]
         Format $format = Format::Text,
         #[Option('Count warnings for the exit status')]
@@ -44,16 +49,40 @@ final readonly class LintCommand
         #[Option('The extensions of templates, separated by commas')]
         string $ext = 'tpl,html',
     ): int {
-        $folders = new Folders([...Selection::foldersOf($path), ...$includePath], explode(',', $ext));
-        $selection = new Selection($path, $folders);
-        $findings = new Linter($folders)->lint($selection->templates());
-        $findings = [...$selection->unreadable, ...$findings];
-        if ($selection->count === 0 && $findings === []) {
+        $folders = new Folders([...array_map($this->folderOf(...), $path), ...$includePath], explode(',', $ext));
+        $templates = $this->templates($path, $folders);
+        $linter = new Linter($folders, $data === null ? null : JsonData::read($data));
+        array_map(stream_wrapper_unregister(...), array_intersect(self::CLOSED, stream_get_wrappers()));
+        $findings = $linter->lint($templates);
+        $format->report()->write($findings, count($templates), $output);
+        $isCounted = fn(Finding $finding): bool => $strict || $finding->level === Level::Error;
+
+        return array_any($findings, $isCounted) ? Command::FAILURE : Command::SUCCESS;
+    }
+
+    private function folderOf(string $path): string
+    {
+        if ($path !== '-' && !file_exists($path) && !is_link($path)) {
+            throw new UsageError("no such file or folder: $path");
+        }
+
+        return is_dir($path) ? $path : dirname($path);
+    }
+
+    /**
+     * @param list<string> $paths
+     * @return list<Template>
+     */
+    private function templates(array $paths, Folders $folders): array
+    {
+        $files = array_unique(array_merge(...array_map($folders->templatesAt(...), $paths)));
+        if ($files === []) {
             throw new UsageError('lint found no template; see zorvel lint --help');
         }
-        $format->report()->write($findings, $selection->count, $output);
-        $counted = $strict ? $findings : array_filter($findings, fn(Finding $finding): bool => $finding->level === Level::Error);
 
-        return $counted === [] ? Command::SUCCESS : Command::FAILURE;
+        return array_map(
+            fn(string $file): Template => $file === '-' ? Template::fromInput() : Template::fromFile($file),
+            array_values($files),
+        );
     }
 }

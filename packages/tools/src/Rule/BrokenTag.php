@@ -7,8 +7,7 @@ namespace Zorvel\Tools\Rule;
 use Zorvel\Syntax\Path;
 use Zorvel\Syntax\Tag;
 use Zorvel\Syntax\TagKind;
-use Zorvel\Tools\Template\Engine;
-use Zorvel\Tools\Template\SampleData;
+use Zorvel\Tools\Template\Probe;
 use Zorvel\Tools\Template\Template;
 
 /** A tag that the extension refuses: each is handed to it alone, with the names of the loops round it. */
@@ -27,8 +26,6 @@ final readonly class BrokenTag implements Rule
         "' is forbidden in variable" => 'put a blank before the default; for a brace that is text write {{',
         "could not find second '" => 'end the tag with the quote; for a brace that is text write {{',
     ];
-
-    public function __construct(private Engine $engine) {}
 
     public function check(Template $template): iterable
     {
@@ -52,7 +49,7 @@ final readonly class BrokenTag implements Rule
         $closing = $tag->kind->closing();
         $text .= self::written($tag->text) . ($closing === null ? '' : "{{$closing->value}}");
 
-        return $this->engine->fault($text . str_repeat('{/dynamic}', count($loops)), $this->data($tag));
+        return Probe::fault($text . str_repeat('{/dynamic}', count($loops)), $this->data($tag));
     }
 
     /**
@@ -68,7 +65,7 @@ final readonly class BrokenTag implements Rule
         }
         $keys = new Path($tag->parameter)->keys;
 
-        return SampleData::at($keys, '') + $loops;
+        return (array) array_reduce(array_reverse($keys), fn(mixed $inner, string $key): array => [$key => $inner], '') + $loops;
     }
 
     /** The tag with this text: inside a tag, the byte behind a brace is taken as it is. */

@@ -4,40 +4,60 @@ declare(strict_types=1);
 
 namespace Zorvel\Tools\Rule;
 
-use Zorvel\Tools\Template\Engine;
+use Zorvel\Tools\Finding;
+use Zorvel\Tools\Level;
 use Zorvel\Tools\Template\Folders;
 use Zorvel\Tools\Template\Includes;
+use Zorvel\Tools\Template\Template;
 
-/** The rules by their names. Of several warnings about one tag, that of the first rule is told. */
+/** The rules by their names. */
 final readonly class Rules
 {
-    /** @var array<string, Rule> */
-    public array $errors;
+    /** @var array<string, array<string, Rule>> by the level of what they find */
+    private array $rules;
 
-    /** @var array<string, Rule> */
-    public array $warnings;
-
-    public function __construct(Folders $folders, Engine $engine)
+    public function __construct(Folders $folders, Includes $includes)
     {
-        $this->errors = [
-            'broken-tag' => new BrokenTag($engine),
-            'unexpected-closing-tag' => new UnexpectedClosingTag($engine),
-            'unclosed-section' => new UnclosedSection($engine),
+        $this->rules = [
+            Level::Error->value => [
+                'unreadable' => new Unreadable(),
+                'broken-tag' => new BrokenTag(),
+                'unexpected-closing-tag' => new UnexpectedClosingTag(),
+                'unclosed-section' => new UnclosedSection(),
+            ],
+            Level::Warning->value => [
+                'byte-order-mark' => new ByteOrderMark(),
+                'foreign-syntax' => new ForeignSyntax(),
+                'swallowed-tag' => new SwallowedTag(),
+                'unclosed-tag' => new UnclosedTag(),
+                'glued-keyword' => new GluedKeyword(),
+                'missing-path' => new MissingPath(),
+                'filter-words' => new FilterWords(),
+                'loop-name-blanks' => new LoopNameBlanks(),
+                'compare-blanks' => new CompareBlanks(),
+                'compare-path' => new ComparePath(),
+                'quoted-key' => new QuotedKey(),
+                'unknown-loop' => new UnknownLoop($includes),
+                'missing-include' => new MissingInclude($folders),
+            ],
         ];
-        $this->warnings = [
-            'byte-order-mark' => new ByteOrderMark(),
-            'foreign-syntax' => new ForeignSyntax(),
-            'swallowed-tag' => new SwallowedTag(),
-            'unclosed-tag' => new UnclosedTag(),
-            'glued-keyword' => new GluedKeyword(),
-            'missing-path' => new MissingPath(),
-            'filter-words' => new FilterWords(),
-            'loop-name-blanks' => new LoopNameBlanks(),
-            'compare-blanks' => new CompareBlanks(),
-            'compare-path' => new ComparePath(),
-            'quoted-key' => new QuotedKey(),
-            'unknown-loop' => new UnknownLoop(new Includes($folders)),
-            'missing-include' => new MissingInclude($folders),
-        ];
+    }
+
+    /** @return list<string> */
+    public function names(): array
+    {
+        return array_keys(array_merge(...array_values($this->rules)));
+    }
+
+    /** @return iterable<Finding> */
+    public function findings(Template $template): iterable
+    {
+        foreach ($this->rules as $level => $rules) {
+            foreach ($rules as $name => $rule) {
+                foreach ($rule->check($template) as $offset => $message) {
+                    yield $template->finding($offset, Level::from($level), $name, $message);
+                }
+            }
+        }
     }
 }

@@ -4,7 +4,7 @@ declare(strict_types=1);
 
 namespace Zorvel\Tools\Template;
 
-/** The folders in which templates and their includes are looked for, in this order. */
+/** The folders in which templates and what they include are looked for, in this order. */
 final readonly class Folders
 {
     private const array EXCLUDED = ['vendor', 'node_modules'];
@@ -14,25 +14,32 @@ final readonly class Folders
 
     /**
      * @param array<string> $paths
-     * @param list<string> $extensions of the files that are templates
+     * @param array<string> $extensions of the files that are templates
      */
     public function __construct(array $paths, private array $extensions)
     {
         $this->paths = array_values(array_unique(array_map(fn(string $path): string => rtrim($path, '/') ?: '/', $paths)));
     }
 
-    /** These folders, and those between one of them and the file: which of them pages are made from, nobody tells. */
+    /**
+     * That of these folders which has the file in it, then the others, then those between it and the file: from which
+     * of them a program makes its pages, nobody tells.
+     */
     public function around(string $file): self
     {
+        $root = array_find($this->paths, fn(string $path): bool => self::isIn($path, $file)) ?? dirname($file);
         $between = [];
-        for ($folder = dirname($file); !in_array($folder, $this->paths, true); $folder = dirname($folder)) {
-            if ($folder === dirname($folder)) {
-                return $this;
-            }
+        for ($folder = dirname($file); $folder !== $root; $folder = dirname($folder)) {
             array_unshift($between, $folder);
         }
 
-        return new self([...$this->paths, ...$between], $this->extensions);
+        return new self([$root, ...$this->paths, ...$between], $this->extensions);
+    }
+
+    /** The name by which a page is made from a file in the first folder. */
+    public function nameOf(string $file): string
+    {
+        return substr($file, strlen(self::join($this->paths[0], '')));
     }
 
     /** The file that an include of this name reads; null when there is none. */
@@ -41,50 +48,39 @@ final readonly class Folders
         $isFixed = preg_match('~^(/|\.\.?/|[a-zA-Z]:[/\\\\])~', $name) === 1;
         $candidates = $isFixed ? [$name] : array_map(fn(string $path): string => self::join($path, $name), $this->paths);
 
-        return array_find($candidates, fn(string $file): bool => !str_contains($file, "\0") && is_file($file));
-    }
-
-    /** The name by which an include would read the file. */
-    public function nameOf(string $file): string
-    {
-        $names = array_map(fn(string $path): string => substr($file, strlen(self::join($path, ''))), $this->paths);
-
-        return array_find($names, fn(string $name): bool => $this->find($name) === $file) ?? (string) realpath($file);
+        return array_find($candidates, fn(string $file): bool => !str_contains($file, "\0") && @is_file($file));
     }
 
     /**
-     * The templates below a folder, but not those of dependencies, nor those below a folder whose name begins with a dot.
+     * The templates at a path. Below a folder those of dependencies are left out, and what is hidden; a folder that
+     * cannot be read stands for itself.
      *
-     * @param list<string> $unreadable receives the folders that cannot be read
      * @return list<string>
      */
-    public function templatesIn(string $folder, array &$unreadable = []): array
+    public function templatesAt(string $path): array
     {
-        $names = @scandir($folder);
+        $names = is_dir($path) ? @scandir($path) : false;
         if ($names === false) {
-            $unreadable[] = $folder;
-
-            return [];
+            return [$path];
         }
-        $files = [];
-        foreach (array_filter($names, self::isIncluded(...)) as $name) {
-            $path = self::join($folder, $name);
-            $found = is_dir($path) ? $this->templatesIn($path, $unreadable) : $this->ifTemplate($path);
-            array_push($files, ...$found);
-        }
+        $paths = array_map(fn(string $name): string => self::join($path, $name), array_filter($names, self::isSearched(...)));
 
-        return $files;
+        return array_merge(...array_map($this->templatesAt(...), array_values(array_filter($paths, $this->mayHaveTemplates(...)))));
     }
 
-    private static function isIncluded(string $name): bool
+    private static function isSearched(string $name): bool
     {
         return $name[0] !== '.' && !in_array($name, self::EXCLUDED, true);
     }
 
-    /** @return list<string> */
-    private function ifTemplate(string $path): array
+    private function mayHaveTemplates(string $path): bool
     {
-        return in_array(pathinfo($path, PATHINFO_EXTENSION), $this->extensions, true) ? [$path] : [];
+        return is_dir($path) || in_array(pathinfo($path, PATHINFO_EXTENSION), $this->extensions, true);
+    }
+
+    private static function isIn(string $folder, string $file): bool
+    {
+        return $folder === '.' ? !str_starts_with($file, '/') : str_starts_with($file, self::join($folder, ''));
     }
 
     private static function join(string $folder, string $name): string

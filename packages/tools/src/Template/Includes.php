@@ -15,35 +15,42 @@ final class Includes
 
     public function __construct(private readonly Folders $folders) {}
 
+    /** Whether another template includes this one. */
+    public function has(Template $template): bool
+    {
+        return $this->placesOf((string) realpath($template->file)) !== [];
+    }
+
     /** @return list<Tag> the loops inside which other templates include this one, directly or not */
     public function loopsAround(Template $template): array
     {
         $loops = [];
         $files = [(string) realpath($template->file)];
         for ($next = 0; $next < count($files); ++$next) {
-            foreach ($this->places()[$files[$next]] ?? [] as [$includer, $tag]) {
+            foreach ($this->placesOf($files[$next]) as [$includer, $tag]) {
                 array_push($loops, ...$includer->nesting->loopsAround($tag));
-                $files = [...$files, ...array_diff([(string) realpath($includer->file)], $files)];
+                array_push($files, ...array_diff([(string) realpath($includer->file)], $files));
             }
         }
 
         return $loops;
     }
 
-    /** @return array<string, list<array{Template, Tag}>> */
-    private function places(): array
+    /** @return list<array{Template, Tag}> */
+    private function placesOf(string $file): array
     {
-        return $this->places ??= $this->findPlaces();
+        $this->places ??= $this->findPlaces();
+
+        return $this->places[$file] ?? [];
     }
 
     /** @return array<string, list<array{Template, Tag}>> */
     private function findPlaces(): array
     {
         $places = [];
-        $files = array_merge(...array_map(fn(string $path): array => $this->folders->templatesIn($path), $this->folders->paths));
-        foreach (array_unique($files) as $file) {
-            $template = new Template($file, (string) @file_get_contents($file));
-            foreach ($this->includesIn($template) as $included => $tag) {
+        foreach (array_unique(array_merge(...array_map($this->folders->templatesAt(...), $this->folders->paths))) as $file) {
+            $template = Template::fromFile($file);
+            foreach ($this->includedBy($template) as $included => $tag) {
                 $places[$included][] = [$template, $tag];
             }
         }
@@ -51,8 +58,8 @@ final class Includes
         return $places;
     }
 
-    /** @return iterable<string, Tag> the tags by the files that they include */
-    private function includesIn(Template $template): iterable
+    /** @return iterable<string, Tag> the including tags by the files */
+    private function includedBy(Template $template): iterable
     {
         $folders = $this->folders->around($template->file);
         foreach ($template->tags as $tag) {

@@ -9,7 +9,7 @@ use Zorvel\Syntax\TagReader;
 use Zorvel\Tools\Finding;
 use Zorvel\Tools\Level;
 
-/** A template's text with its tags, and what is open around each of them. */
+/** A template's text with its tags, and how its sections are nested. */
 final readonly class Template
 {
     /** @var list<Tag> */
@@ -19,29 +19,32 @@ final readonly class Template
 
     /**
      * @param string $file the name to show
-     * @param bool $isText whether there is no such file
+     * @param bool $isRead false when it could not be
      */
-    public function __construct(public string $file, public string $text, public bool $isText = false)
+    public function __construct(public string $file, public string $text, public bool $isRead = true)
     {
         $this->tags = new TagReader()->read($text);
         $this->nesting = new Nesting($this->tags);
     }
 
-    /** @throws UnreadableFile */
     public static function fromFile(string $file): self
     {
-        $text = @file_get_contents($file);
+        $text = is_file($file) ? @file_get_contents($file) : false;
 
-        return $text === false ? throw new UnreadableFile("Cannot read $file") : new self($file, $text);
+        return new self($file, (string) $text, $text !== false);
+    }
+
+    public static function fromInput(): self
+    {
+        return new self('(standard input)', (string) stream_get_contents(STDIN));
     }
 
     public function finding(int $offset, Level $level, string $rule, string $message): Finding
     {
-        $before = substr($this->text, 0, $offset);
-        $line = substr_count($before, "\n") + 1;
-        $column = self::characters(substr($before, $line === 1 ? 0 : (int) strrpos($before, "\n") + 1)) + 1;
+        $before = explode("\n", substr($this->text, 0, $offset));
+        $line = count($before);
 
-        return new Finding($this->file, $line, $column, $level, $rule, self::oneLine($message));
+        return new Finding($this->file, $line, self::characters($before[$line - 1]) + 1, $level, $rule, self::oneLine($message));
     }
 
     /** Of a text that is not UTF-8, about its bytes. */
