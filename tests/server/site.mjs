@@ -5,18 +5,21 @@ import { resolve } from 'node:path'
 
 export const root = resolve('build/server')
 const tests = resolve('tests/server')
-const shop = resolve('examples/shop/public')
 export const templates = `${root}/templates`
 const extension = resolve('modules/php_zorvel.so')
 
 const pages = (settings = {}) => ({ folder: `${tests}/pages`, settings })
-export const hosts = {
-  shop: { folder: shop, settings: {} },
+export const pageHosts = {
   plain: pages(),
   latin: pages({ default_charset: 'ISO-8859-1' }),
   other: pages({ include_path: `${tests}/other:${templates}` }),
   small: pages({ memory_limit: '6M' }),
   fenced: pages({ open_basedir: `${tests}/pages:${tests}/templates:${templates}` }),
+}
+export const hosts = {
+  ...pageHosts,
+  shop: { folder: resolve('examples/shop/public'), settings: {} },
+  measure: { folder: `${tests}/measure`, settings: {} },
 }
 
 const phpConfig = execFileSync('script/setup/php', ['zts'], { encoding: 'utf8' }).trim()

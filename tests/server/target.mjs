@@ -2,7 +2,7 @@
 import { readFileSync, writeFileSync } from 'node:fs'
 import { freshToken } from './client.mjs'
 import { put } from './moving.mjs'
-import { hosts, root } from './site.mjs'
+import { pageHosts, root } from './site.mjs'
 
 const MARK = '0123456789AB' // a token's place, and as long
 
@@ -83,7 +83,7 @@ const styleSheet = new Target('shop: style sheet', 'shop', '/shop.css')
 export async function learnTargets(commandLine) {
   const { settings, moving, limits, ...groups } = JSON.parse((await commandLine.ask({ host: 'plain', path: '/' })).body)
   const pages = Object.entries(groups).flatMap(([group, names]) => names.map(pageOf(group, 'plain')))
-  const bySettings = Object.keys(hosts).filter(host => host !== 'shop').flatMap(host => settings.map(pageOf('settings', host)))
+  const bySettings = Object.keys(pageHosts).flatMap(host => settings.map(pageOf('settings', host)))
   const moved = moving.map(pageOf('moving', 'plain'))
   const targets = {
     mixed: [...shop, ...pages, ...bySettings, ...moved],
