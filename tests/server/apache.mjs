@@ -1,30 +1,9 @@
 // Apache as a child of this process, and what the system tells about it.
-import { spawn } from 'node:child_process'
 import { once } from 'node:events'
 import { readFileSync, readdirSync, rmSync, writeFileSync } from 'node:fs'
-import net from 'node:net'
 import { setTimeout as sleep } from 'node:timers/promises'
+import { freePort, launch } from './programs.mjs'
 import { configure, root } from './site.mjs'
-
-export async function freePort() {
-  const server = net.createServer().listen(0, '127.0.0.1')
-  await once(server, 'listening')
-  const { port } = server.address()
-  await new Promise(closed => server.close(closed))
-  return port
-}
-
-/** Waits until something listens on PORT while PROGRAM runs. */
-export async function listening(program, port) {
-  for (;;) {
-    if (program.exitCode !== null) throw new Error(`${program.spawnfile} ended at once, with ${program.exitCode}`)
-    const socket = net.connect(port, '127.0.0.1')
-    const connected = await Promise.race([once(socket, 'connect').then(() => true), once(socket, 'error')].map(p => p.catch(() => false)))
-    socket.destroy()
-    if (connected === true) return
-    await sleep(20)
-  }
-}
 
 export class Apache {
   /** INI is the folder of its php.ini. */
@@ -32,15 +11,19 @@ export class Apache {
     const port = await freePort()
     configure(port, ini)
     rmSync(`${root}/error.log`, { force: true })
-    const program = spawn('/usr/sbin/apache2', ['-d', root, '-f', `${root}/httpd.conf`, '-D', 'FOREGROUND'], { stdio: 'inherit' })
-    process.on('exit', () => program.kill())
-    await listening(program, port)
-    return new Apache(program, port)
+    const options = ['-d', root, '-f', `${root}/httpd.conf`, '-D', 'FOREGROUND']
+    const apache = new Apache(await launch('/usr/sbin/apache2', options, port, 'inherit'), port)
+    while (apache.processes.length === 0) await sleep(20) // until then a signal would kill it
+    return apache
   }
 
   constructor(program, port) {
     this.program = program
     this.port = port
+    this.stopping = false
+    program.on('exit', (code, signal) => {
+      if (!this.stopping) throw new Error(`Apache ended by itself, with ${signal ?? code}`)
+    })
   }
 
   restartGracefully() {
@@ -48,6 +31,7 @@ export class Apache {
   }
 
   async stop() {
+    this.stopping = true
     this.program.kill()
     await once(this.program, 'exit')
   }
@@ -57,7 +41,7 @@ export class Apache {
   }
 
   get processes() {
-    return readFileSync(`/proc/${this.program.pid}/task/${this.program.pid}/children`, 'utf8').trim().split(' ')
+    return readFileSync(`/proc/${this.program.pid}/task/${this.program.pid}/children`, 'utf8').split(' ').filter(Boolean)
   }
 
   get state() {

@@ -1,7 +1,6 @@
 // The same hosts served by PHP's command line, one process for each and one request at a time: what a page has to be.
-import { spawn } from 'node:child_process'
-import { freePort, listening } from './apache.mjs'
 import { Client } from './client.mjs'
+import { freePort, launch } from './programs.mjs'
 import { hosts, php, root } from './site.mjs'
 
 export class CommandLine {
@@ -16,11 +15,9 @@ export class CommandLine {
 
   async #serve(name, { folder, settings }) {
     const port = await freePort()
-    const options = Object.entries({ ...settings, sys_temp_dir: `${root}/tmp-command-line` }).flatMap(([key, value]) => ['-d', `${key}=${value}`])
-    const program = spawn(php, ['-c', `${root}/with`, ...options, '-S', `127.0.0.1:${port}`, '-t', folder], { stdio: 'ignore' })
-    process.on('exit', () => program.kill())
-    this.#programs.push(program)
-    await listening(program, port)
+    const all = Object.entries({ ...settings, sys_temp_dir: `${root}/tmp-command-line` })
+    const options = ['-c', `${root}/with`, '-S', `127.0.0.1:${port}`, '-t', folder, ...all.flatMap(([key, value]) => ['-d', `${key}=${value}`])]
+    this.#programs.push(await launch(php, options, port, 'ignore'))
     this.#clients[name] = new Client(port, 1)
   }
 

@@ -14,7 +14,7 @@ const HANG_UPS = 0.02 // of all requests
 const STACKS = [128, 256, 512, 2048, 8192].map(kilobytes => kilobytes << 10) // one for each restart
 const GROWTH = 6 << 20 // what the allocators of all threads may still take, in bytes
 const RESIDENT = 250 << 20 // what a page may take that has a memory_limit of 64 MB, in bytes
-const LIMITS = {
+const LIMITS = { // what the pages of these names end with
   'a page without an end': 'Maximum execution time of 1 second exceeded',
   'a page of gigabytes': 'Allowed memory size of 67108864 bytes exhausted',
 }
@@ -104,7 +104,7 @@ async function control(targets) {
 
 const isNotice = line => line === '' || (/:notice\]/.test(line) && !/exit signal/.test(line))
 
-export async function run(seconds, withLimits) {
+export async function run(seconds) {
   const commandLine = await CommandLine.start()
   const targets = await learnTargets(commandLine)
   commandLine.stop()
@@ -112,7 +112,7 @@ export async function run(seconds, withLimits) {
   const apache = await Apache.start()
   const rest = keepMoving()
   await steady(apache, targets.mixed, seconds)
-  if (withLimits) await limits(apache)
+  await limits(apache)
   await restarts(apache, targets.mixed, lostAlone)
   rest()
   await apache.stop()

@@ -5,7 +5,7 @@ import { prepare } from './site.mjs'
 
 const { values: options, positionals: [seconds = '20'] } = parseArgs({
   allowPositionals: true,
-  options: { limits: { type: 'boolean' }, measure: { type: 'boolean' }, serve: { type: 'boolean' } },
+  options: { measure: { type: 'boolean' }, serve: { type: 'boolean' } },
 })
 for (const signal of ['SIGINT', 'SIGTERM']) process.on(signal, () => process.exit(1)) // and with it what was started
 
@@ -22,5 +22,5 @@ if (options.serve) {
   await measure()
 } else {
   const { run } = await import('./load.mjs')
-  await run(Number(seconds), options.limits)
+  await run(Number(seconds))
 }
