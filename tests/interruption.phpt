@@ -27,12 +27,12 @@ $late = 'n';
 check('parsing', count_chars(signalled(str_repeat('{late}', 5_000_000), $data, $turn), 3), 'ny');
 $rest = &$data['r'];
 $empty = function () use (&$rest) { $rest = []; };
-check('emptying', strlen(signalled($loops('.'), $data, $empty)) < 200 ** 3, true);
-$rest = range(1, 200);
-check('throwing', signalled($loops('.'), $data, fn () => throw new Exception('stopped')), 'stopped');
+check('emptying', strlen(signalled($loops('{*::x late}'), $data, $empty)) < 200 ** 3, true);
+$rest = range(1, 600);
+check('throwing', signalled($loops('{*::x}'), $data, fn () => throw new Exception('stopped')), 'stopped');
 pcntl_signal(SIGUSR1, fn () => exit("exit\n"));
 exec('(sleep 0.1; kill -USR1 ' . getmypid() . ') > /dev/null 2>&1 &');
-zorvel($loops('.'), $data, true);
+zorvel($loops('{*::x}'), $data, true);
 echo 'not reached';
 --EXPECT--
 handled

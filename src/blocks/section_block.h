@@ -8,6 +8,7 @@
 #include <php.h>
 
 #include "blocks/block.h"
+#include "blocks/only_key.h"
 
 namespace zorvel
 {
@@ -23,14 +24,16 @@ public:
     std::string namespaceName;
     /// The keys from that loop's current element to the section's data.
     std::deque<std::string> path;
+    /// See onlyKeyOf.
+    StringRef onlyKey;
     /// The value to walk when it was found while parsing, borrowed from the user data; null when it is looked
     /// up from namespaceName and path for each element.
     const zval* data = nullptr;
 
 protected:
     SubBlock(std::int32_t code, const zval* value) : Block(code), data(value) {}
-    SubBlock(std::int32_t code, std::string loopName, std::deque<std::string> keys)
-        : Block(code), namespaceName(std::move(loopName)), path(std::move(keys))
+    SubBlock(std::int32_t code, std::string loopName, std::deque<std::string>&& keys)
+        : Block(code), namespaceName(std::move(loopName)), path(std::move(keys)), onlyKey(onlyKeyOf(path))
     {
     }
 };
@@ -40,7 +43,7 @@ class DynamicBlock final : public SubBlock
 {
 public:
     /// A loop over an array that an enclosing loop's element holds.
-    DynamicBlock(std::string name, std::string loopName, std::deque<std::string> keys, bool reverse)
+    DynamicBlock(std::string name, std::string loopName, std::deque<std::string>&& keys, bool reverse)
         : SubBlock(codeFor(reverse), std::move(loopName), std::move(keys)), declaredNamespace(std::move(name))
     {
     }
@@ -74,7 +77,8 @@ enum class OptionalMode : std::uint32_t {
 class OptionalBlock final : public SubBlock
 {
 public:
-    OptionalBlock(std::string loopName, std::deque<std::string> keys, OptionalMode how, std::string text, bool negated)
+    OptionalBlock(std::string loopName, std::deque<std::string>&& keys, OptionalMode how, std::string text,
+                  bool negated)
         : SubBlock(negated ? NotOptional : Optional, std::move(loopName), std::move(keys)),
           mode(how),
           compareText(std::move(text))

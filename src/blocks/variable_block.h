@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "blocks/block.h"
+#include "blocks/only_key.h"
 
 namespace zorvel
 {
@@ -18,13 +19,19 @@ public:
     std::string namespaceName;
     /// The keys to descend from that loop's current element; empty: the element itself.
     std::deque<std::string> path;
+    /// See onlyKeyOf.
+    StringRef onlyKey;
     /// The block stands for the loop's current key; path is not used.
     bool outputKey = false;
 
 protected:
     explicit VariableBlock(std::int32_t code) : Block(code) {}
-    VariableBlock(std::int32_t code, std::string loopName, std::deque<std::string> keys, bool key)
-        : Block(code), namespaceName(std::move(loopName)), path(std::move(keys)), outputKey(key)
+    VariableBlock(std::int32_t code, std::string loopName, std::deque<std::string>&& keys, bool key)
+        : Block(code),
+          namespaceName(std::move(loopName)),
+          path(std::move(keys)),
+          onlyKey(onlyKeyOf(path)),
+          outputKey(key)
     {
     }
 };
@@ -49,6 +56,8 @@ public:
     std::string defaultText;
     /// The tag had a default text, though maybe an empty one.
     bool hasDefault = false;
+    /// The inherited fields hold the parse of the only candidate, for good.
+    bool isParsed = false;
 };
 
 /// `{addslashes P}` and its kin: a value of a loop put through one of PHP's escaping functions; which one,
@@ -57,7 +66,7 @@ template <BlockType Code>
 class FilterBlock final : public VariableBlock
 {
 public:
-    FilterBlock(std::string loopName, std::deque<std::string> keys, bool key)
+    FilterBlock(std::string loopName, std::deque<std::string>&& keys, bool key)
         : VariableBlock(Code, std::move(loopName), std::move(keys), key)
     {
     }

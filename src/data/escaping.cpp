@@ -1,7 +1,7 @@
 #include "data/escaping.h"
 
 #include <algorithm>
-#include <iterator>
+#include <strings.h>
 
 // These headers leave the language linkage of their functions to whoever includes them.
 BEGIN_EXTERN_C()
@@ -99,19 +99,55 @@ const Escaping& escapingOf<Rawurlencode>()
     return escaping;
 }
 
-std::string_view unsafePart(const Escaping& escaping, std::string_view text)
+namespace
 {
-    const auto isUnsafe = [&](char c) { return !escaping.keeps[static_cast<unsigned char>(c)]; };
-    const auto first = std::find_if(text.begin(), text.end(), isUnsafe);
-    const auto behindLast = std::find_if(text.rbegin(), std::make_reverse_iterator(first), isUnsafe).base();
-    return {first, behindLast};
-}
 
 StringRef escape(const Escaping& escaping, std::string_view text, const char* charset)
 {
     StringRef result;
     guarded([&] { result = StringRef::adopt(escaping.escape(text, charset)); });
     return result;
+}
+
+/// True when PHP's function would give the text back, in the charset that nearly everybody has configured.
+bool staysAsItIs(std::string_view text, const Escaping& escaping)
+{
+    const auto isKept = [&](unsigned char byte) { return byte > 0 && byte < 0x80 && escaping.keeps[byte]; };
+    return std::all_of(text.begin(), text.end(), isKept) && strcasecmp(php_get_internal_encoding(), "UTF-8") == 0;
+}
+
+} // namespace
+
+void appendEscaped(std::string& out, std::string_view text, const Escaping& escaping)
+{
+    if (staysAsItIs(text, escaping))
+        out += text;
+    else
+        out += escape(escaping, text, nullptr).textUpToNul();
+}
+
+void ByteEscaping::append(std::string& out, std::string_view text)
+{
+    const auto isUnsafe = [&keeps = escaping_.keeps](char c) { return !keeps[static_cast<unsigned char>(c)]; };
+    const auto* from = text.begin();
+    const auto* unsafe = std::find_if(from, text.end(), isUnsafe);
+    while (unsafe != text.end()) {
+        out.append(from, unsafe);
+        out += answerFor(static_cast<unsigned char>(*unsafe));
+        from = unsafe + 1;
+        unsafe = std::find_if(from, text.end(), isUnsafe);
+    }
+    out.append(from, unsafe);
+}
+
+const std::string& ByteEscaping::answerFor(unsigned char byte)
+{
+    if (places_[byte] == 0) {
+        const char text = static_cast<char>(byte);
+        answers_.emplace_back(escape(escaping_, {&text, 1}, "ISO-8859-1").textUpToNul());
+        places_[byte] = static_cast<std::uint8_t>(answers_.size());
+    }
+    return answers_[places_[byte] - 1U];
 }
 
 } // namespace zorvel

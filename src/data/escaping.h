@@ -1,7 +1,10 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "blocks/block.h"
 #include "engine/holders.h"
@@ -35,11 +38,28 @@ const Escaping& escapingOf<Htmlspecialchars>();
 template <>
 const Escaping& escapingOf<Rawurlencode>();
 
-/// The bytes of ISO-8859-1 text from the first to the last that would not be left as it is; empty when every
-/// byte would be. What stands before and behind them needs no escaping, whatever they become.
-std::string_view unsafePart(const Escaping& escaping, std::string_view text);
-
+/// Appends a text up to the first NUL byte of its escaped form, escaped in PHP's configured charset.
 /// @throws Bailout when memory_limit is reached, PendingException when an error handler throws
-StringRef escape(const Escaping& escaping, std::string_view text, const char* charset);
+void appendEscaped(std::string& out, std::string_view text, const Escaping& escaping);
+
+/// A filter's escaping of ISO-8859-1 text. There the escape of each byte stands alone, whatever is beside it: PHP's
+/// function is asked once for each byte, and its answer kept as long as this object.
+class ByteEscaping
+{
+public:
+    explicit ByteEscaping(const Escaping& escaping) : escaping_(escaping) {}
+
+    /// @param text without NUL bytes
+    /// @throws Bailout when memory_limit is reached
+    void append(std::string& out, std::string_view text);
+
+private:
+    const std::string& answerFor(unsigned char byte);
+
+    const Escaping& escaping_;
+    std::vector<std::string> answers_;
+    /// By byte, where its answer stands in answers_, counted from 1; 0: not asked for yet.
+    std::array<std::uint8_t, 256> places_ = {};
+};
 
 } // namespace zorvel

@@ -84,6 +84,11 @@ const zval* lookupPath(const zval* root, const std::deque<std::string>& path, co
     });
 }
 
+const zval* lookupOnlyKey(const zval* element, const zend_string* key)
+{
+    return Z_TYPE_P(element) == IS_ARRAY ? zend_hash_find_known_hash(Z_ARRVAL_P(element), key) : nullptr;
+}
+
 const zval* lookupAbsolutePath(const zval* root, std::string_view path)
 {
     return walk(root, nullptr, [keys = KeyCursor(path)](std::string_view& key) mutable { return keys.next(key); });

@@ -17,6 +17,9 @@ namespace zorvel
 ///         `start` for an empty path; null when the path names nothing
 const zval* lookupPath(const zval* root, const std::deque<std::string>& path, const zval* start);
 
+/// The same for a path of one string key from a loop's element.
+const zval* lookupOnlyKey(const zval* element, const zend_string* key);
+
 /// The same for an absolute path that is still text, its keys separated by "::", the empty text one empty
 /// key.
 const zval* lookupAbsolutePath(const zval* root, std::string_view path);

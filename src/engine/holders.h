@@ -48,6 +48,16 @@ public:
         return string;
     }
 
+    /// The interned string with these bytes if there is one, else a new one; with its hash.
+    /// @throws Bailout when memory_limit is reached
+    static StringRef hashed(std::string_view bytes)
+    {
+        StringRef string;
+        catchingBailout([&] { string = adopt(zend_string_init_existing_interned(bytes.data(), bytes.size(), false)); });
+        zend_string_hash_val(string.get());
+        return string;
+    }
+
     explicit operator bool() const { return string_ != nullptr; }
     zend_string* get() const { return string_; }
     char* bytes() const { return ZSTR_VAL(string_); }

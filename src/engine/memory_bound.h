@@ -11,8 +11,8 @@ namespace zorvel
 class MemoryBound
 {
 public:
-    /// To be called as something grows, with its size by now: from a megabyte on, the engine is asked now and then whether
-    /// so much would fit. The page that is made of it has to fit as well, so that none fails for the question.
+    /// To be called as something grows, with its size by now: from a megabyte on, the engine is asked now and then
+    /// whether so much would fit. The page that is made of it has to fit as well, so that none fails for the question.
     /// @throws Bailout when it would not: the engine has raised its own fatal error
     void check(std::size_t size)
     {

@@ -9,11 +9,21 @@
 namespace zorvel
 {
 
+namespace
+{
+
+/// What is asked of a file at a time, where that costs a system call.
+constexpr std::size_t fileChunk = std::size_t{64} << 10;
+
+} // namespace
+
 void Stream::hold(php_stream* opened)
 {
     resource_ = opened->res;
     GC_ADDREF(resource_);
     opened->flags |= PHP_STREAM_FLAG_NO_FCLOSE | PHP_STREAM_FLAG_SUPPRESS_ERRORS;
+    if (php_stream_is(opened, PHP_STREAM_IS_STDIO))
+        opened->chunk_size = fileChunk;
 }
 
 Stream::~Stream()

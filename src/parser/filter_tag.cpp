@@ -13,12 +13,11 @@ namespace zorvel
 namespace
 {
 
-/// In PHP's configured charset. What is known and no string gives nothing.
-void appendEscaped(std::string& text, const Escaping& escaping, const zval* value)
+/// What is known and no string gives nothing.
+void appendKnown(std::string& text, const zval* value, const Escaping& escaping)
 {
-    if (Z_TYPE_P(value) != IS_STRING)
-        return;
-    text += escape(escaping, {Z_STRVAL_P(value), Z_STRLEN_P(value)}, nullptr).textUpToNul();
+    if (Z_TYPE_P(value) == IS_STRING)
+        appendEscaped(text, {Z_STRVAL_P(value), Z_STRLEN_P(value)}, escaping);
 }
 
 template <BlockType Code>
@@ -28,7 +27,7 @@ void parseFilterTag(Template& tpl, BlockList& blocks, PendingText& pending, std:
     if (resolved.status == ParamStatus::NotFound)
         return;
     if (resolved.status == ParamStatus::Found)
-        return appendEscaped(pending->text, escapingOf<Code>(), resolved.value);
+        return appendKnown(pending->text, resolved.value, escapingOf<Code>());
     tpl.flushText(blocks, pending);
     blocks.push_back(std::make_unique<FilterBlock<Code>>(std::string(resolved.namespaceName), keysOf(resolved),
                                                          resolved.status == ParamStatus::LoopKey));

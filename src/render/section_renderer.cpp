@@ -19,7 +19,7 @@ namespace
 bool isShown(Template& tpl, const OptionalBlock& block, const LoopPosition& position)
 {
     if (block.mode == OptionalMode::TestValue)
-        return isVisible(tpl, lookupPath(tpl, block.path, position.start), block.compareText);
+        return isVisible(tpl, lookupFrom(tpl, block, position), block.compareText);
     return position.loop->currentKey == block.compareText;
 }
 
@@ -32,15 +32,17 @@ const zval* findWalked(Template& tpl, const DynamicBlock& block, const zval* dat
     const LoopPosition position = findPosition(tpl, block.namespaceName, data);
     if (position.loop == nullptr)
         return nullptr;
-    const zval* value = lookupPath(tpl, block.path, position.start);
+    const zval* value = lookupFrom(tpl, block, position);
     if (value == nullptr || Z_TYPE_P(value) != IS_ARRAY)
         return nullptr;
+    if (HT_IS_PACKED(Z_ARRVAL_P(value)))
+        return value;
     const zval* num = zend_hash_str_find(Z_ARRVAL_P(value), ZEND_STRL("num"));
     return num != nullptr ? num : value;
 }
 
 /// Reserves room for what a loop has still to append, judged by what its elements have appended so far;
-/// judged anew each time their number has doubled, and never for many times the present output.
+/// judged anew each time their number has doubled.
 class OutputEstimate
 {
 public:
@@ -52,11 +54,10 @@ public:
             return;
         next_ *= 2;
         const std::size_t expected = (out.size() - start_) / done_ * (total_ - done_);
-        reserveAhead(out, std::min(expected + expected / slack, out.size() * maxGrowth));
+        reserveAhead(out, expected + expected / slack);
     }
 
 private:
-    static constexpr std::size_t maxGrowth = 32;
     static constexpr std::size_t slack = 16;
 
     const std::size_t start_;

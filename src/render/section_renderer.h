@@ -5,7 +5,8 @@
 #include <php.h>
 
 #include "blocks/section_block.h"
-#include "source/template_fwd.h"
+#include "data/path_lookup.h"
+#include "source/template.h"
 
 namespace zorvel
 {
@@ -22,6 +23,17 @@ struct LoopPosition {
 /// The position of the loop with this name, or for an empty name of the innermost one, whose element is
 /// `data`.
 LoopPosition findPosition(const Template& tpl, const std::string& name, const zval* data);
+
+/// What a block's path names, from the position of its loop; null for nothing.
+template <typename PathBlock>
+const zval* lookupFrom(const Template& tpl, const PathBlock& block, const LoopPosition& position)
+{
+    if (block.path.empty())
+        return position.start;
+    if (block.onlyKey)
+        return lookupOnlyKey(position.start, block.onlyKey.get());
+    return lookupPath(tpl, block.path, position.start);
+}
 
 /// Renders the children once or not at all.
 /// @param negate whether the test that depends on a loop is inverted; outside every loop nothing is rendered

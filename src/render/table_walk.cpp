@@ -38,44 +38,35 @@ TableWalk::TableWalk(const zval* value, bool reverse) : reverse_(reverse)
         table_ = TableRef::share(Z_ARRVAL_P(value));
     else if (Z_TYPE_P(value) == IS_OBJECT)
         table_ = copyOfProperties(value);
-    if (table_.get() == nullptr)
-        return;
-    if (reverse_)
-        zend_hash_internal_pointer_end_ex(table_.get(), &position_);
-    else
-        zend_hash_internal_pointer_reset_ex(table_.get(), &position_);
+    if (table_.get() != nullptr)
+        left_ = table_.get()->nNumUsed;
 }
 
 const zval* TableWalk::next(std::string& key)
 {
-    if (table_.get() == nullptr)
-        return nullptr;
-    const zval* element = zend_hash_get_current_data_ex(table_.get(), &position_);
-    if (element != nullptr) {
-        readKey(key);
-        advance();
+    while (left_ > 0) {
+        const HashTable* const table = table_.get();
+        const std::uint32_t position = reverse_ ? left_ - 1 : table->nNumUsed - left_;
+        --left_;
+        const zval* const element = ZEND_HASH_ELEMENT(table, position);
+        if (Z_TYPE_P(element) == IS_UNDEF)
+            continue;
+        readKey(key, element, position);
+        return element;
     }
-    return element;
+    return nullptr;
 }
 
-void TableWalk::readKey(std::string& key)
+void TableWalk::readKey(std::string& key, const zval* element, zend_ulong position) const
 {
-    zend_string* name = nullptr;
-    zend_ulong index = 0;
-    if (zend_hash_get_current_key_ex(table_.get(), &name, &index, &position_) == HASH_KEY_IS_STRING) {
-        key.assign(ZSTR_VAL(name), ZSTR_LEN(name));
+    const auto* const bucket = HT_IS_PACKED(table_.get()) ? nullptr : reinterpret_cast<const Bucket*>(element);
+    if (bucket != nullptr && bucket->key != nullptr) {
+        key.assign(ZSTR_VAL(bucket->key), ZSTR_LEN(bucket->key));
         return;
     }
     std::array<char, 20> digits;
+    const zend_ulong index = bucket != nullptr ? bucket->h : position;
     key.assign(digits.data(), std::to_chars(digits.data(), digits.data() + digits.size(), index).ptr);
-}
-
-void TableWalk::advance()
-{
-    if (reverse_)
-        zend_hash_move_backwards_ex(table_.get(), &position_);
-    else
-        zend_hash_move_forward_ex(table_.get(), &position_);
 }
 
 } // namespace zorvel

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 
 #include <php.h>
@@ -29,11 +30,11 @@ public:
     const zval* next(std::string& key);
 
 private:
-    void readKey(std::string& key);
-    void advance();
+    void readKey(std::string& key, const zval* element, zend_ulong position) const;
 
     TableRef table_;
-    HashPosition position_ = 0;
+    /// Slots that have not been looked at; a deleted element leaves an empty one.
+    std::uint32_t left_ = 0;
     const bool reverse_;
 };
 

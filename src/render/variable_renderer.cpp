@@ -22,11 +22,13 @@ bool append(std::string& out, const ValueText& text)
     return true;
 }
 
-void storePath(VariableBlock& block, const ParameterView& view)
+void storePath(MultiVariableBlock& block, const ParameterView& view)
 {
     block.namespaceName = view.namespaceName;
     block.outputKey = view.status == ParamStatus::LoopKey;
     block.path = keysOf(view);
+    block.onlyKey = onlyKeyOf(block.path);
+    block.isParsed = block.candidates.size() == 1;
 }
 
 bool appendCandidate(Template& tpl, MultiVariableBlock& block, std::string_view candidate, std::string& out,
@@ -41,16 +43,9 @@ bool appendCandidate(Template& tpl, MultiVariableBlock& block, std::string_view 
     return append(out, variableText(tpl, block, data));
 }
 
-/// Whether the block's own fields still hold the parse of its only candidate. A candidate "*" leaves them as
-/// they are after construction, and is parsed again.
-bool holdsParse(const MultiVariableBlock& block)
-{
-    return block.candidates.size() == 1 && (block.outputKey || !block.path.empty() || !block.namespaceName.empty());
-}
-
 bool appendFirstValue(Template& tpl, MultiVariableBlock& block, std::string& out, const zval* data)
 {
-    if (holdsParse(block))
+    if (block.isParsed)
         return append(out, variableText(tpl, block, data));
     for (const std::string& candidate : block.candidates) {
         if (appendCandidate(tpl, block, candidate, out, data))
@@ -68,7 +63,7 @@ ValueText variableText(const Template& tpl, const VariableBlock& block, const zv
         return {};
     if (block.outputKey)
         return ValueText(position.loop->currentKey.c_str());
-    return ValueText(lookupPath(tpl, block.path, position.start));
+    return ValueText(lookupFrom(tpl, block, position));
 }
 
 void renderMultiVariable(Template& tpl, MultiVariableBlock& block, std::string& out, const zval* data)
@@ -77,16 +72,9 @@ void renderMultiVariable(Template& tpl, MultiVariableBlock& block, std::string& 
         out += block.defaultText;
 }
 
-void renderEscaped(Template& tpl, VariableBlock& block, std::string& out, const zval* data, const Escaping& escaping)
+void renderEscaped(Template& tpl, VariableBlock& block, std::string& out, const zval* data, ByteEscaping& escaping)
 {
-    const ValueText value = variableText(tpl, block, data);
-    const std::string_view text = value.view();
-    const std::string_view unsafe = unsafePart(escaping, text);
-    const auto start = static_cast<std::size_t>(unsafe.data() - text.data());
-    out += text.substr(0, start);
-    if (!unsafe.empty())
-        out += escape(escaping, unsafe, "ISO-8859-1").textUpToNul();
-    out += text.substr(start + unsafe.size());
+    escaping.append(out, variableText(tpl, block, data).view());
 }
 
 } // namespace zorvel

@@ -22,6 +22,6 @@ ValueText variableText(const Template& tpl, const VariableBlock& block, const zv
 void renderMultiVariable(Template& tpl, MultiVariableBlock& block, std::string& out, const zval* data);
 
 /// Appends the block's value, escaped as ISO-8859-1 text. The common shape of the four filters.
-void renderEscaped(Template& tpl, VariableBlock& block, std::string& out, const zval* data, const Escaping& escaping);
+void renderEscaped(Template& tpl, VariableBlock& block, std::string& out, const zval* data, ByteEscaping& escaping);
 
 } // namespace zorvel

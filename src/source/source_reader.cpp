@@ -144,16 +144,13 @@ void SourceReader::takeByteAfterOpen(std::string& out)
 
 bool SourceReader::fill()
 {
-    if (stringMode) {
-        exhausted = true;
-        return false;
-    }
-    serveInterrupt();
+    exhausted = stringMode;
     pos = 0;
-    if (stream.atEnd()) {
+    if (stringMode || stream.atEnd()) {
         buffer = {};
         return false;
     }
+    serveInterrupt();
     buffer.resize(READ_CHUNK_SIZE);
     buffer.resize(stream.read(buffer.data(), READ_CHUNK_SIZE));
     return true;

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "engine/guard.h"
+#include "engine/reserve_ahead.h"
 #include "ext/failure.h"
 #include "parser/tag_dispatcher.h"
 #include "render/renderer.h"
@@ -13,10 +14,11 @@ namespace zorvel
 namespace
 {
 
-/// Room for the text between two tags, in place of the first few growths.
-constexpr std::size_t TEXT_RESERVE = 240;
 /// What a block takes, with what it holds in memory of its own.
-constexpr std::size_t BLOCK_SIZE = 400;
+constexpr std::size_t blockSize = 400;
+/// A text that is given lives in this many places at once. Room for all, though most is never written, makes glibc keep
+/// at the call's end what else it would return to the system, and fault in again, at each call.
+constexpr std::size_t copiesOfText = 5;
 
 } // namespace
 
@@ -29,7 +31,7 @@ Template::Template(std::string source, TemplateInput* input, bool stringMode)
 void Template::parse()
 {
     auto pending = std::make_unique<TextBlock>();
-    pending->text.reserve(READ_CHUNK_SIZE);
+    reserveAhead(pending->text, stringMode ? name().size() * copiesOfText : READ_CHUNK_SIZE);
     parseBlocks(blocks, pending, 0);
 }
 
@@ -51,12 +53,11 @@ void Template::parseBlocks(BlockList& list, PendingText& pending, int expectedCl
 
 void Template::flushText(BlockList& list, PendingText& pending)
 {
-    input->treeSize += pending->text.size() + BLOCK_SIZE;
+    input->treeSize += pending->text.size() + blockSize;
     if (pending->text.empty())
         return;
     list.push_back(std::move(pending));
     pending = std::make_unique<TextBlock>();
-    pending->text.reserve(TEXT_RESERVE);
 }
 
 std::string Template::render()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <memory>
 #include <string>
 #include <vector>
@@ -8,6 +9,7 @@
 
 #include "blocks/block.h"
 #include "blocks/text_block.h"
+#include "data/escaping.h"
 #include "data/path_lookup.h"
 #include "engine/memory_bound.h"
 #include "source/source_reader.h"
@@ -27,6 +29,13 @@ struct TemplateInput {
     MemoryBound memory = {};
     /// Bytes of the blocks that have been parsed, roughly.
     std::size_t treeSize = 0;
+    /// The filters' escapings while rendering, by code from Addslashes on.
+    std::array<ByteEscaping, 4> escapings = {
+        ByteEscaping(escapingOf<Addslashes>()),
+        ByteEscaping(escapingOf<Htmlentities>()),
+        ByteEscaping(escapingOf<Htmlspecialchars>()),
+        ByteEscaping(escapingOf<Rawurlencode>()),
+    };
 };
 
 /// One template source being parsed and rendered: the file or text given to the call, or one included file,
