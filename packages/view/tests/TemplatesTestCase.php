@@ -16,29 +16,29 @@ abstract class TemplatesTestCase extends TestCase
     protected function setUp(): void
     {
         $this->root = sys_get_temp_dir() . '/zorvel-view-' . bin2hex(random_bytes(6));
-        mkdir($this->root);
     }
 
     protected function tearDown(): void
     {
-        exec('rm -r ' . escapeshellarg($this->root));
+        exec('rm -rf ' . escapeshellarg($this->root));
     }
 
     /** @param array<string, string> $templates text by name */
     protected function folder(array $templates, string $folder = 'templates'): string
     {
         foreach ($templates as $name => $text) {
-            is_dir(dirname("$this->root/$folder/$name")) || mkdir(dirname("$this->root/$folder/$name"), recursive: true);
-            file_put_contents("$this->root/$folder/$name", $text);
+            $file = "$this->root/$folder/$name";
+            is_dir(dirname($file)) || mkdir(dirname($file), recursive: true);
+            file_put_contents($file, $text);
         }
 
         return "$this->root/$folder";
     }
 
-    /** @param array<string, mixed> $data */
-    protected function page(string $template, array $data = []): string
+    /** @param array<array-key, mixed> $data */
+    protected function page(string $template, array $data = [], bool $strict = false): string
     {
-        return new View($this->folder(['page.tpl' => $template]))->render('page.tpl', $data);
+        return new View($this->folder(['page.tpl' => $template]), $strict)->render('page.tpl', $data);
     }
 
     /** @param array<array-key, mixed> $data */

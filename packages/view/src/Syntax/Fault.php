@@ -7,7 +7,6 @@ namespace Zorvel\Syntax;
 /** What a message of the engine says: what is wrong, in which template, and at which tag. */
 final readonly class Fault
 {
-    private const string NOT_OPENED = 'Could not open file';
     private const string ABOUT_A_TAG = '/^(Missing|Unexpected) closing |^Bad formated parameter|^\w+ block bad parameter/';
 
     /** @param ?Tag $tag null for what no tag tells, as that sections are nested too deeply */
@@ -36,13 +35,10 @@ final readonly class Fault
     /** @return array{string, string} what is wrong, and the name of the template */
     private static function split(string $message, string $template): array
     {
-        if ($message === self::NOT_OPENED . " $template") {
-            return [self::NOT_OPENED, $template];
-        }
         $end = strlen($message);
         while (($end = strrpos(substr($message, 0, $end), ' in ')) !== false) {
             $name = substr($message, $end + strlen(' in '));
-            if ($name === $template || Source::named($name) !== null) {
+            if (Source::named($name) !== null) {
                 return [substr($message, 0, $end), $name];
             }
         }
