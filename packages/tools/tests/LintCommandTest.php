@@ -75,6 +75,15 @@ final class LintCommandTest extends TestCase
         self::assertSame([['a.tpl', 'locked', 'z.tpl'], ['unreadable']], [$files, array_column($findings, 'rule')]);
     }
 
+    public function testDoesWhatItsDocumentSays(): void
+    {
+        ['lint' => $lint, 'render' => $render] = new Document('packages/tools/README.md')->blocks();
+        $this->write(['page.tpl' => $lint['zorvel page.tpl']]);
+
+        self::assertSame([1, "$lint[text]\n", ''], $this->zorvel(['lint', 'page.tpl']));
+        self::assertSame([1, '', "$render[text]\n"], $this->zorvel(['render', 'page.tpl']));
+    }
+
     public function testSaysItsVersionAndThatTheExtensionIsMissing(): void
     {
         [$status, $version] = $this->zorvel(['--version']);

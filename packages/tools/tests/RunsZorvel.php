@@ -15,13 +15,22 @@ trait RunsZorvel
      */
     private function zorvel(array $words, string $input = '', bool $withExtension = true): array
     {
+        return $this->php([__DIR__ . '/../../vendor/bin/zorvel', ...$words], $input, $withExtension);
+    }
+
+    /**
+     * @param list<string> $words
+     * @return array{int, string, string}
+     */
+    private function php(array $words, string $input = '', bool $withExtension = true): array
+    {
         $extension = $withExtension ? ['-d', 'extension=' . __DIR__ . '/../../../modules/php_zorvel.so'] : [];
-        $command = [PHP_BINARY, '-n', ...$extension, __DIR__ . '/../../vendor/bin/zorvel', ...$words];
-        file_put_contents('.input', $input);
-        $files = [['file', "$this->folder/.input", 'r'], ['file', "$this->folder/.output", 'w'], ['file', "$this->folder/.errors", 'w']];
-        $process = proc_open($command, $files, $pipes, $this->folder);
+        $names = ["$this->folder/.input", "$this->folder/.output", "$this->folder/.errors"];
+        file_put_contents($names[0], $input);
+        $files = [['file', $names[0], 'r'], ['file', $names[1], 'w'], ['file', $names[2], 'w']];
+        $process = proc_open([PHP_BINARY, '-n', ...$extension, ...$words], $files, $pipes, $this->folder);
         self::assertIsResource($process);
 
-        return [proc_close($process), (string) file_get_contents('.output'), (string) file_get_contents('.errors')];
+        return [proc_close($process), (string) file_get_contents($names[1]), (string) file_get_contents($names[2])];
     }
 }

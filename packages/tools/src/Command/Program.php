@@ -8,6 +8,7 @@ use Composer\InstalledVersions;
 use Symfony\Component\Console\Application;
 use Symfony\Component\Console\Command\Command;
 use Symfony\Component\Console\Exception\ExceptionInterface;
+use Symfony\Component\Console\Input\ArgvInput;
 use Symfony\Component\Console\Input\InputInterface;
 use Symfony\Component\Console\Output\ConsoleOutputInterface;
 use Symfony\Component\Console\Output\OutputInterface;
@@ -19,7 +20,19 @@ final class Program extends Application
     public function __construct()
     {
         parent::__construct('zorvel', InstalledVersions::getPrettyVersion('zorvel/tools') ?? 'unknown');
-        $this->addCommand(new LintCommand());
+        $this->addCommands([new LintCommand(), new RenderCommand()]);
+    }
+
+    /**
+     * The console takes "-" for an option's value only behind a sign of equality.
+     *
+     * @param list<string> $words
+     */
+    public static function input(array $words): InputInterface
+    {
+        $joined = preg_replace('/\0--data\0-(?=\0|$)/', "\0--data=-", implode("\0", $words));
+
+        return new ArgvInput(explode("\0", (string) $joined));
     }
 
     public function getLongVersion(): string
