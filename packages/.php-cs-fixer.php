@@ -15,4 +15,5 @@ return new Config()
         'strict_comparison' => true,
     ])
     ->setCacheFile(__DIR__ . '/../build/php-cs-fixer.cache')
-    ->setFinder(Finder::create()->in([__DIR__, __DIR__ . '/../bench'])->exclude(['vendor', 'templates'])->append([__FILE__]));
+    ->setFinder(Finder::create()->in([__DIR__, __DIR__ . '/../bench', __DIR__ . '/../tests/server'])
+        ->exclude(['vendor', 'templates', 'measure/php'])->append([__FILE__]));

@@ -12,7 +12,7 @@ const CONNECTIONS = 24 // fewer than Apache has threads
 const WARM_UP = 5 // seconds, until every thread has had the pages that take most memory
 const HANG_UPS = 0.02 // of all requests
 const STACKS = [128, 256, 512, 2048, 8192].map(kilobytes => kilobytes << 10) // one for each restart
-const GROWTH = 6 << 20 // what the allocators of all threads may still take, in bytes
+const GROWTH = 3 << 20 // what the allocators of all threads may still take, in bytes
 const RESIDENT = 250 << 20 // what a page may take that has a memory_limit of 64 MB, in bytes
 const LIMITS = { // what the pages of these names end with
   'a page without an end': 'Maximum execution time of 1 second exceeded',

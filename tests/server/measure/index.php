@@ -1,4 +1,5 @@
 <?php
+
 // The shop's catalogue or a table of 100 rows, made by one of the engines: ?page=catalogue|rows&engine=NAME. Without an
 // engine: the names of those that are there. Those of Composer are set up as their documents say for production.
 declare(strict_types=1);
@@ -38,7 +39,7 @@ $engines = [
         $latte->setAutoRefresh(false);
         return $latte->renderToString(__DIR__ . "/latte/$page.latte", $data);
     },
-    'no page' => fn (string $page, array $data): string => (string) count($data),
+    'no page' => fn(string $page, array $data): string => (string) count($data),
 ];
 
 function catalogue(): array

@@ -1,12 +1,12 @@
 <?php
+
 // The data of the pages, and the user code in them.
 declare(strict_types=1);
 
 final readonly class Value implements Stringable
 {
-    public function __construct(private Closure $act, private string $token)
-    {
-    }
+    /** @param Closure(string): string $act */
+    public function __construct(private Closure $act, private string $token) {}
 
     public function __toString(): string
     {
@@ -46,16 +46,21 @@ final class Stream
         return $this->place === strlen(self::$text);
     }
 
+    /** @return array{} */
     public function stream_stat(): array
     {
         return [];
     }
 }
 
-/** Rows as a database gives them: with numbers and null. */
+/**
+ * Rows as a database gives them: with numbers and null.
+ *
+ * @return array{token: string, rows: list<array{id: int, name: string, price: float, note: string|null}>}
+ */
 function rows(int $count, string $token): array
 {
-    $row = fn (int $i): array => [
+    $row = fn(int $i): array => [
         'id' => $i,
         'name' => $i % 10 === 0 ? "Chair & \"table\" $i" : "Chair $i",
         'price' => $i * 1.25,
@@ -64,7 +69,12 @@ function rows(int $count, string $token): array
     return ['token' => $token, 'rows' => array_map($row, range(1, $count))];
 }
 
-/** What foreach by reference leaves behind. */
+/**
+ * What foreach by reference leaves behind.
+ *
+ * @param array{rows: array<array{name: string}>} $data
+ * @return array<string, mixed>
+ */
 function referenced(array $data): array
 {
     foreach ($data['rows'] as &$row) {
@@ -79,6 +89,7 @@ function loops(int $depth, string $body): string
     return str_repeat('{dynamic rows}', $depth) . $body . str_repeat('{/dynamic}', $depth);
 }
 
+/** @param Closure(): (string|null) $act */
 function caught(Closure $act): string
 {
     try {
@@ -88,9 +99,10 @@ function caught(Closure $act): string
     }
 }
 
+/** @param Closure(): (string|null) $act */
 function throwing(Closure $act): ?string
 {
-    set_error_handler(fn (int $level, string $message) => throw new ErrorException($message));
+    set_error_handler(fn(int $level, string $message) => throw new ErrorException($message));
     try {
         return $act();
     } finally {
@@ -98,13 +110,22 @@ function throwing(Closure $act): ?string
     }
 }
 
+/** @param Closure(): (string|null) $act */
 function inFiber(Closure $act): ?string
 {
+    /** @var Fiber<void, string, string|null, string> $fiber */
     $fiber = new Fiber($act);
     $fiber->start();
     zorvel('{dynamic a}{*}{/dynamic}', ['a' => [1, 2]], true);
     $fiber->resume('resumed with ');
     return $fiber->getReturn();
+}
+
+/** Leaves the fiber, and comes back with what it is resumed with. */
+function resumedWith(): string
+{
+    $text = Fiber::suspend();
+    return is_string($text) ? $text : '';
 }
 
 /** Until the time limit strikes, mostly asleep: the limit counts the time that passes. */
