@@ -64,60 +64,81 @@ final class DataWalk
     {
         try {
             return $this->ofArray($data, 0);
-        } catch (Unshowable $value) {
-            throw new TemplateError($this->template, "{$value->path()} {$value->getMessage()}");
+        } catch (Unshowable $unshowable) {
+            throw new TemplateError($this->template, "{$unshowable->path()} {$unshowable->getMessage()}");
         }
     }
 
     /**
+     * Most of the time goes here: what the frequent values need stands in the loop itself.
+     *
      * @param array<array-key, mixed> $values
      * @return array<array-key, mixed>
      */
     private function ofArray(array $values, int $depth): array
     {
+        self::bound($depth);
         $plain = [];
         try {
             foreach ($values as $key => $value) {
-                $shown = is_string($value) ? $value : $this->of($value, $depth);
-                if ($shown !== null || $this->keepsNull) {
-                    $plain[$key] = $shown;
-                } elseif (array_is_list($values)) {
-                    $plain[$key] = '';
+                if (is_object($value)) {
+                    $value = $this->opened($value, $depth);
+                }
+                if (is_string($value) || is_bool($value)) {
+                    $plain[$key] = $value;
+                } elseif (is_int($value)) {
+                    $plain[$key] = (string) $value;
+                } elseif (is_array($value)) {
+                    $plain[$key] = $this->ofArray($value, $depth + 1);
+                } elseif ($value !== null || $this->keepsNull || array_is_list($values)) {
+                    $plain[$key] = $this->ofRare($value);
                 }
             }
-        } catch (Unshowable $value) {
-            throw $value->under($key);
+        } catch (Unshowable $unshowable) {
+            throw $unshowable->under($key);
         }
 
         return $plain;
     }
 
-    private function of(mixed $value, int $depth): mixed
+    private function ofRare(mixed $value): mixed
     {
         return match (true) {
-            is_int($value) => (string) $value,
             is_float($value) => (string) ($value + 0.0),
-            is_array($value) && $depth < self::MAX_DEPTH => $this->ofArray($value, $depth + 1),
-            is_string($value), is_bool($value), $value === null => $value,
-            is_object($value) && $depth < self::MAX_DEPTH => $this->ofObject($value, $depth + 1),
-            is_array($value), is_object($value) => throw new Unshowable('is nested too deeply, or stands within itself'),
+            $value === null => $this->keepsNull ? null : '',
+            $value instanceof Raw => $this->keepsNull ? $value : $value->data,
             default => throw new Unshowable('is a resource'),
         };
     }
 
-    private function ofObject(object $object, int $depth): mixed
+    /** What stands for an object: no object any more, but for Raw. */
+    private function opened(object $object, int $depth): mixed
     {
         return match (true) {
-            $object instanceof Raw => $this->keepsNull ? $object : $object->data,
+            $object instanceof Raw => $object,
             $object instanceof Closure => throw new Unshowable('is a Closure'),
             $object instanceof DateTimeInterface => $object->format(DATE_ATOM),
-            $object instanceof BackedEnum => (string) $object->value,
+            $object instanceof BackedEnum => $object->value,
             $object instanceof UnitEnum => $object->name,
-            $object instanceof Traversable => $this->ofArray($this->elementsOf($object), $depth),
-            $object instanceof JsonSerializable => $this->of($object->jsonSerialize(), $depth),
+            $object instanceof Traversable => $this->elementsOf($object),
+            $object instanceof JsonSerializable => $this->openedJson($object->jsonSerialize(), $depth + 1),
             $object instanceof Stringable => (string) $object,
-            default => $this->ofArray(get_object_vars($object), $depth),
+            default => get_object_vars($object),
         };
+    }
+
+    private function openedJson(mixed $data, int $depth): mixed
+    {
+        self::bound($depth);
+
+        return is_object($data) ? $this->opened($data, $depth) : $data;
+    }
+
+    private static function bound(int $depth): void
+    {
+        if ($depth > self::MAX_DEPTH) {
+            throw new Unshowable('is nested too deeply, or stands within itself');
+        }
     }
 
     /**
