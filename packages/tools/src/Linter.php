@@ -37,7 +37,7 @@ final readonly class Linter
     public function lint(array $templates): array
     {
         $findings = [];
-        foreach ([$this->rules->findings(...), $this->errorsOfPage(...), $this->silentTags(...)] as $findingsIn) {
+        foreach ([$this->rules->findings(...), $this->findingsOfPage(...)] as $findingsIn) {
             foreach ($templates as $template) {
                 foreach ($findingsIn($template) as $finding) {
                     $findings["$finding->file:$finding->line:$finding->column:{$finding->level->value}"] ??= $finding;
@@ -49,30 +49,37 @@ final readonly class Linter
         return $findings;
     }
 
-    /** @return iterable<Finding> */
-    private function errorsOfPage(Template $template): iterable
+    /** @return iterable<Finding> what makes the page null, else what comes to nothing in it */
+    private function findingsOfPage(Template $template): iterable
     {
-        $folders = $this->folders->around($template->file);
-        try {
-            is_file($template->file) && @new View($folders->paths)->render($folders->nameOf($template->file));
-        } catch (TemplateError $error) {
-            $faulty = Template::fromFile($folders->find($error->getTemplate()) ?? $template->file);
-            yield $faulty->finding($error->getTag()->offset ?? 0, Level::Error, 'broken-page', $error->getReason());
-        }
-    }
-
-    /** @return iterable<Finding> what comes to nothing with the data; a template that others include is no page by itself */
-    private function silentTags(Template $template): iterable
-    {
-        if ($this->data === null || !is_file($template->file) || $this->includes->has($template)) {
+        if (!is_file($template->file)) {
             return;
         }
         $folders = $this->folders->around($template->file);
         $name = $folders->nameOf($template->file);
-        $data = new DataWalk($name, keepsNull: true)->plain($this->data);
+        try {
+            @new View($folders->paths)->render($name);
+        } catch (TemplateError $error) {
+            $faulty = Template::fromFile($folders->find($error->getTemplate()) ?? $template->file);
+            yield $faulty->finding($error->getTag()->offset ?? 0, Level::Error, 'broken-page', $error->getReason());
+
+            return;
+        }
+        if ($this->data !== null && !$this->includes->has($template)) {
+            yield from $this->silentTags($name, $folders, $this->data);
+        }
+    }
+
+    /**
+     * @param array<array-key, mixed> $data
+     * @return iterable<Finding>
+     */
+    private function silentTags(string $name, Folders $folders, array $data): iterable
+    {
+        $data = new DataWalk($name, keepsNull: true)->plain($data);
         foreach (new ViewFolders($folders->paths)->searched(fn(): array => Check::findings($name, $data)) as $finding) {
-            $place = Template::fromFile($folders->find($finding->template) ?? $template->file);
-            yield $place->finding($finding->tag->offset, Level::Warning, 'silent-tag', $finding->what);
+            $template = Template::fromFile((string) $folders->find($finding->template));
+            yield $template->finding($finding->tag->offset, Level::Warning, 'silent-tag', $finding->what);
         }
     }
 }

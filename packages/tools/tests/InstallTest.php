@@ -4,12 +4,8 @@ declare(strict_types=1);
 
 namespace Zorvel\Tools\Tests;
 
-use PHPUnit\Framework\TestCase;
-
-final class InstallTest extends TestCase
+final class InstallTest extends ToolsTestCase
 {
-    use RunsZorvel;
-
     /** Composer may run under another PHP than the project: it is told which. */
     private const string PROJECT = '{"config": {"platform": {"php": "8.4.24", "ext-zorvel": "2.0.0"}}, "repositories": [%s]}';
 

@@ -5,16 +5,13 @@ declare(strict_types=1);
 namespace Zorvel\Tools\Tests;
 
 use PHPUnit\Framework\Attributes\DataProvider;
-use PHPUnit\Framework\TestCase;
 use Zorvel\Tools\Rule\Rules;
 use Zorvel\Tools\Template\Folders;
 use Zorvel\Tools\Template\Includes;
 use Zorvel\Tools\Template\Template;
 
-final class LintCommandTest extends TestCase
+final class LintCommandTest extends ToolsTestCase
 {
-    use RunsZorvel;
-
     private const string OPEN = ":1:1: error: Missing closing tag; {/optional} has to follow, in the same file [unclosed-section]\n";
 
     /** @return iterable<string, array{string, int, string, string}> */
@@ -39,6 +36,8 @@ final class LintCommandTest extends TestCase
             . " [silent-tag]\n0 errors and 1 warning in 1 template\n", ''];
         yield 'sample data that is none' => ['good.tpl --data good.tpl', 2, '', "zorvel: good.tpl is not valid JSON: Syntax error\n"];
         yield 'no sample data' => ['good.tpl --data none.json', 2, '', "zorvel: cannot read none.json\n"];
+        yield 'sample data and parts of a page' => ['pages --data other.json', 0, "0 errors and 0 warnings in 2 templates\n", ''];
+        yield 'no such folder' => ['odd --include-path none', 2, '', "zorvel: no such file or folder: none\n"];
         yield 'no such file' => ['none.tpl', 2, '', "zorvel: no such file or folder: none.tpl\n"];
         yield 'no template' => ['empty', 2, '', "zorvel: lint found no template; see zorvel lint --help\n"];
         yield 'no path' => ['', 2, '', "zorvel: Not enough arguments (missing: \"path\").\n"];
@@ -52,7 +51,9 @@ final class LintCommandTest extends TestCase
     {
         $open = array_fill_keys(['bad/a.html', 'bad/in/b.tpl', 'bad/c.txt', 'bad/vendor/d.tpl', 'bad/in/node_modules/e.tpl', 'bad/.f/g.tpl'], '{optional x}');
         $this->write($open + ['good.tpl' => '{x}', 'odd/x.tpl' => '{include no.tpl}', 'more/no.tpl' => '']);
-        $this->write(['marked.json' => "\u{FEFF}{\"x\": 1}", 'other.json' => '{"y": 1}', 'remote.tpl' => '{include data:text/plain,{optional x}}']);
+        $this->write(['marked.json' => "\u{FEFF}{\"x\": 1}", 'other.json' => '{"y": 1, "l": [1]}', 'remote.tpl' => '{include data:text/plain,{optional x}}']);
+        $this->write(['pages/a.tpl' => '{y}{dynamic l}{include part.tpl}{/dynamic}', 'pages/part.tpl' => '{*}']);
+        symlink('.', 'bad/itself');
         array_map(mkdir(...), ['empty', 'lost']);
         symlink('nowhere', 'lost/lost.tpl');
 

@@ -5,12 +5,9 @@ declare(strict_types=1);
 namespace Zorvel\Tools\Tests;
 
 use PHPUnit\Framework\Attributes\DataProvider;
-use PHPUnit\Framework\TestCase;
 
-final class RenderCommandTest extends TestCase
+final class RenderCommandTest extends ToolsTestCase
 {
-    use RunsZorvel;
-
     /** @return iterable<string, array{string, int, string, string}> */
     public static function calls(): iterable
     {

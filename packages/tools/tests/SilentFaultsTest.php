@@ -5,14 +5,10 @@ declare(strict_types=1);
 namespace Zorvel\Tools\Tests;
 
 use PHPUnit\Framework\Attributes\DataProvider;
-use PHPUnit\Framework\TestCase;
-use Zorvel\Tools\Finding;
 use Zorvel\Tools\Template\Template;
 
-final class SilentFaultsTest extends TestCase
+final class SilentFaultsTest extends ToolsTestCase
 {
-    use Lints;
-
     /** Examples of the documents that show a trap, each with what is found in it. */
     private const array TRAPS = [
         'Hello {name' => ['unclosed-tag'],
@@ -56,29 +52,38 @@ final class SilentFaultsTest extends TestCase
         yield 'the other way' => ['{dynamic a}{rdynamic b}{/dynamic}{/dynamic}', ['1:24 unexpected-closing-tag']];
         yield 'loops that end' => ['{dynamic a,b}{/dynamic}{a::*}{dynamic c,d}{a::* c::*}{dynamic x}{c::[*]}{[*]}{/dynamic}{/dynamic}',
             ['1:24 unknown-loop', '1:43 unknown-loop']];
+        yield 'a path that is read while a loop runs' => ['{dynamic x}{*::a b::}{/dynamic}', ['1:12 broken-tag']];
         yield 'odd bytes in names' => ['{dynamic r{}{{,a}{r{}{::*}{dynamic r{}{{,b}{/dynamic}{/dynamic}', ['1:27 broken-tag']];
-        yield 'no names' => ['{optional}{/optional}{htmlentities }{}', ['1:1 missing-path', '1:22 missing-path']];
     }
 
     /** @param list<string> $expected */
     #[DataProvider('templates')]
     public function testFindsWhatIsSilentlyWrongAndNothingElse(string $text, array $expected): void
     {
-        self::assertSame($expected, $this->found($text));
+        $expected = array_map(fn(string $place): string => "page.tpl:$place", $expected);
+
+        self::assertSame($expected, $this->found(new Template('page.tpl', $text)));
     }
 
     public function testGivesNoFalseAlarmOnTheDocuments(): void
     {
         $traps = [];
         foreach (['README.md', 'docs/language.md', 'docs/coming-from.md'] as $name) {
-            foreach (new Document($name)->rows() as $line => $row) {
-                $template = $row['Template'] ?? $row['page.tpl'];
-                isset($row['Warning']) || $this->write(['part.tpl' => $row['part.tpl'] ?? '']);
-                $findings = isset($row['Warning']) ? [] : $this->findings(new Template("$name:$line", $template));
-                $traps += $findings === [] ? [] : [$template => array_column($findings, 'rule')];
+            foreach (new Document($name)->rows() as $row) {
+                $template = new Template('page.tpl', isset($row['Warning']) ? '' : $row['Template']);
+                isset($row['part.tpl']) && $this->write(['part.tpl' => $row['part.tpl']]);
+                $findings = $this->findings(null, $template);
+                $traps += $findings === [] ? [] : [$template->text => array_column($findings, 'rule')];
             }
         }
         self::assertEquals(self::TRAPS, $traps);
+    }
+
+    public function testCitesALongTagInOneLine(): void
+    {
+        [$finding] = $this->findings(null, new Template('page.tpl', "{it's" . str_repeat("\n z", 999) . '}'));
+
+        self::assertMatchesRegularExpression('/^Variable .{100,300}write \{\{$/', $finding->message);
     }
 
     public function testFollowsIncludes(): void
@@ -90,26 +95,19 @@ final class SilentFaultsTest extends TestCase
             'near.tpl' => '{*}',
         ]);
         $files = ['blog/list.tpl', 'blog/post.tpl', 'blog/line.tpl', 'near.tpl'];
-        $findings = $this->findings(...array_map(Template::fromFile(...), $files));
 
         self::assertSame(
-            ['blog/line.tpl:12 missing-include', 'blog/post.tpl:38 unknown-loop', 'near.tpl:1 unknown-loop'],
-            array_map(fn($finding): string => "$finding->file:$finding->column $finding->rule", $findings),
+            ['blog/line.tpl:1:12 missing-include', 'blog/post.tpl:1:38 unknown-loop', 'near.tpl:1:1 unknown-loop'],
+            $this->found(...array_map(Template::fromFile(...), $files)),
         );
     }
 
     public function testFindsFaultsOfIncludedFiles(): void
     {
-        $this->write([
-            'page.tpl' => '{include part.tpl}',
-            'part.tpl' => "\n{a::}{optional b}{include page.tpl}",
-        ]);
-        $places = fn(string ...$files): array => array_map(
-            fn(Finding $finding): string => "$finding->file:$finding->line:$finding->column $finding->rule",
-            $this->findings(...array_map(Template::fromFile(...), array_values($files))),
-        );
+        $this->write(['page.tpl' => '{include part.tpl}', 'part.tpl' => "\n{a::}{optional b}{include page.tpl}"]);
+        $page = Template::fromFile('page.tpl');
 
-        self::assertSame(['part.tpl:2:1 broken-page'], $places('page.tpl'));
-        self::assertSame(['part.tpl:2:1 broken-tag', 'part.tpl:2:6 unclosed-section'], $places('page.tpl', 'part.tpl'));
+        self::assertSame(['part.tpl:2:1 broken-page'], $this->found($page));
+        self::assertSame(['part.tpl:2:1 broken-tag', 'part.tpl:2:6 unclosed-section'], $this->found($page, Template::fromFile('part.tpl')));
     }
 }

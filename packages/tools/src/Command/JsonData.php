@@ -10,6 +10,9 @@ use Zorvel\Tools\UsageError;
 /** The data for a page, a JSON object in a file; "-" is standard input. */
 final readonly class JsonData
 {
+    /** What the view takes. */
+    private const int DEPTH = 128;
+
     private const string BYTE_ORDER_MARK = "\u{FEFF}";
 
     /**
@@ -23,7 +26,7 @@ final readonly class JsonData
             throw new UsageError("cannot read $file");
         }
         try {
-            $data = json_decode(ltrim($json, self::BYTE_ORDER_MARK), true, flags: JSON_THROW_ON_ERROR);
+            $data = json_decode(ltrim($json, self::BYTE_ORDER_MARK), true, self::DEPTH, JSON_THROW_ON_ERROR);
         } catch (JsonException $error) {
             throw new UsageError("$file is not valid JSON: {$error->getMessage()}");
         }

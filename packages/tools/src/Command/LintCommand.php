@@ -49,7 +49,7 @@ final readonly class LintCommand
         #[Option('The extensions of templates, separated by commas')]
         string $ext = 'tpl,html',
     ): int {
-        $folders = new Folders([...array_map($this->folderOf(...), $path), ...$includePath], explode(',', $ext));
+        $folders = new Folders(array_map($this->folderOf(...), [...$path, ...$includePath]), explode(',', $ext));
         $templates = $this->templates($path, $folders);
         $linter = new Linter($folders, $data === null ? null : JsonData::read($data));
         array_map(stream_wrapper_unregister(...), array_intersect(self::CLOSED, stream_get_wrappers()));

@@ -11,7 +11,7 @@ use Zorvel\Tools\Template\Probe;
 use Zorvel\Tools\Template\Template;
 
 /** A tag that the extension refuses: each is handed to it alone, with the names of the loops round it. */
-final readonly class BrokenTag implements Rule
+final readonly class BrokenTag extends TagRule
 {
     private const array REMEDIES = [
         'too many :' => 'write a key on both sides of each "::"',
@@ -27,45 +27,36 @@ final readonly class BrokenTag implements Rule
         "could not find second '" => 'end the tag with the quote; for a brace that is text write {{',
     ];
 
-    public function check(Template $template): iterable
+    protected function messageFor(Tag $tag, Template $template): ?string
     {
-        foreach ($template->tags as $tag) {
-            $names = array_map(fn(Tag $loop): string => $loop->loopName(), $template->nesting->loopsAround($tag));
-            $fault = $tag->kind->closes() ? null : $this->fault($tag, array_unique($names));
-            if ($fault !== null) {
-                $remedy = array_find(self::REMEDIES, fn(string $remedy, string $end): bool => str_contains($fault, $end));
-                yield $tag->offset => $remedy === null ? $fault : "$fault; $remedy";
-            }
-        }
+        $loops = array_map(fn(Tag $loop): string => $loop->loopName(), $template->nesting->loopsAround($tag));
+        $fault = $tag->kind->closes() ? null : Probe::fault($this->probe($tag, array_unique($loops)), $this->data($tag));
+        $remedy = $fault === null ? null : array_find(self::REMEDIES, fn(string $_, string $words): bool => str_contains($fault, $words));
+
+        return $remedy === null ? $fault : "$fault; $remedy";
     }
 
     /** @param array<string> $loops */
-    private function fault(Tag $tag, array $loops): ?string
+    private function probe(Tag $tag, array $loops): string
     {
-        $text = '';
-        foreach ($loops as $loop) {
-            $text .= self::written("dynamic $loop,loops");
-        }
+        $opening = array_map(fn(string $loop): string => self::written("dynamic $loop,loops"), $loops);
         $closing = $tag->kind->closing();
-        $text .= self::written($tag->text) . ($closing === null ? '' : "{{$closing->value}}");
 
-        return Probe::fault($text . str_repeat('{/dynamic}', count($loops)), $this->data($tag));
+        return implode('', $opening) . self::written($tag->text) . ($closing === null ? '' : "{{$closing->value}}")
+            . str_repeat('{/dynamic}', count($loops));
     }
 
     /**
-     * Loops that find an array, so that their names are compared; a file to include that is not there.
+     * Loops that find an element, so that their names are compared, and what stands in them is rendered; a file to
+     * include that is not there.
      *
-     * @return array<mixed>
+     * @return array<array-key, mixed>
      */
     private function data(Tag $tag): array
     {
-        $loops = ['loops' => []];
-        if ($tag->kind !== TagKind::Include) {
-            return $loops;
-        }
-        $keys = new Path($tag->parameter)->keys;
+        $keys = $tag->kind === TagKind::Include ? new Path($tag->parameter)->keys : [];
 
-        return (array) array_reduce(array_reverse($keys), fn(mixed $inner, string $key): array => [$key => $inner], '') + $loops;
+        return (array) array_reduce(array_reverse($keys), fn(mixed $inner, string $key): array => [$key => $inner], '') + ['loops' => [[]]];
     }
 
     /** The tag with this text: inside a tag, the byte behind a brace is taken as it is. */

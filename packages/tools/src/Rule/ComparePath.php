@@ -4,18 +4,18 @@ declare(strict_types=1);
 
 namespace Zorvel\Tools\Rule;
 
+use Zorvel\Syntax\Tag;
 use Zorvel\Tools\Template\Template;
 
 /** A text to compare with that looks like a path. */
-final readonly class ComparePath implements Rule
+final readonly class ComparePath extends TagRule
 {
-    public function check(Template $template): iterable
+    protected function messageFor(Tag $tag, Template $template): ?string
     {
-        foreach ($template->tags as $tag) {
-            $text = trim($tag->compareText() ?? '');
-            if (preg_match('/^[^\'\s]*::[^\'\s]*$|^\*$|^\[\*\]$/', $text) === 1) {
-                yield $tag->offset => "Compares with the text \"$text\", not with a value: compare in PHP, or quote the text";
-            }
-        }
+        $text = trim($tag->compareText() ?? '');
+
+        return preg_match('/^[^\'\s]*::[^\'\s]*$|^\*$|^\[\*\]$/', $text) === 1
+            ? "Compares with the text \"$text\", not with a value: compare in PHP, or quote the text"
+            : null;
     }
 }

@@ -4,18 +4,19 @@ declare(strict_types=1);
 
 namespace Zorvel\Tools\Rule;
 
+use Zorvel\Syntax\Tag;
 use Zorvel\Tools\Template\Template;
 
 /** Blanks round the comma behind a loop's name, which belong to the name and to the path. */
-final readonly class LoopNameBlanks implements Rule
+final readonly class LoopNameBlanks extends TagRule
 {
-    public function check(Template $template): iterable
+    protected function messageFor(Tag $tag, Template $template): ?string
     {
-        foreach ($template->tags as $tag) {
-            if ($tag->kind->isLoop() && preg_match('/^[^,]*(\s,|,\s)/', $tag->parameter) === 1) {
-                $written = preg_replace('/\s*,\s*/', ',', $tag->parameter, 1);
-                yield $tag->offset => "Blanks round the comma belong to the names: write {{$tag->kind->value} $written}";
-            }
+        if (!$tag->kind->isLoop() || preg_match('/^[^,]*(\s,|,\s)/', $tag->parameter) !== 1) {
+            return null;
         }
+        $written = preg_replace('/\s*,\s*/', ',', $tag->parameter, 1);
+
+        return "Blanks round the comma belong to the names: write {{$tag->kind->value} $written}";
     }
 }

@@ -4,25 +4,28 @@ declare(strict_types=1);
 
 namespace Zorvel\Tools\Rule;
 
+use Zorvel\Syntax\Tag;
 use Zorvel\Syntax\TagKind;
 use Zorvel\Tools\Template\Folders;
 use Zorvel\Tools\Template\Template;
 
 /** An include whose file is in none of the folders. A name that might be a path in the data passes. */
-final readonly class MissingInclude implements Rule
+final readonly class MissingInclude extends TagRule
 {
+    private const string NO_FILE_NAME = '~^[\w-]*$|::|://|^data:|\*~';
+
     public function __construct(private Folders $folders) {}
 
-    public function check(Template $template): iterable
+    protected function messageFor(Tag $tag, Template $template): ?string
     {
-        $folders = $this->folders->around($template->file);
-        foreach ($template->tags as $tag) {
-            $name = $tag->parameter;
-            $isFileName = preg_match('~^[\w-]*$|::|://|^data:|\*~', $name) === 0;
-            if ($tag->kind === TagKind::Include && $isFileName && $folders->find($name) === null) {
-                $paths = implode(', ', $folders->paths);
-                yield $tag->offset => "There is no file $name in $paths: correct the name, or name its folder with --include-path";
-            }
+        $name = $tag->parameter;
+        if ($tag->kind !== TagKind::Include || preg_match(self::NO_FILE_NAME, $name) === 1) {
+            return null;
         }
+        $folders = $this->folders->around($template->file);
+
+        return $folders->find($name) === null
+            ? "There is no file $name in " . implode(', ', $folders->paths) . ': correct the name, or name its folder with --include-path'
+            : null;
     }
 }

@@ -31,7 +31,6 @@ final readonly class Rules
                 'swallowed-tag' => new SwallowedTag(),
                 'unclosed-tag' => new UnclosedTag(),
                 'glued-keyword' => new GluedKeyword(),
-                'missing-path' => new MissingPath(),
                 'filter-words' => new FilterWords(),
                 'loop-name-blanks' => new LoopNameBlanks(),
                 'compare-blanks' => new CompareBlanks(),

@@ -17,15 +17,15 @@ use Zorvel\Tools\Template\Template;
  *     {font-family: x, 'Arial'}    gives its "default"
  *     a{margin:0}                  comes out as it is: no finding
  */
-final readonly class SwallowedTag implements Rule
+final readonly class SwallowedTag extends TagRule
 {
-    public function check(Template $template): iterable
+    private const string PATH = '/^[\w.*[\]-]+(::[\w.*[\]-]+)*$/';
+
+    protected function messageFor(Tag $tag, Template $template): ?string
     {
-        foreach ($template->tags as $tag) {
-            if ($tag->kind === TagKind::Variable && ($this->hasTagWithin($tag) || $this->isDeclaration($tag))) {
-                yield $tag->offset => 'This brace begins a tag, up to the next }: write {{ for a brace that is text, or put a blank behind it';
-            }
-        }
+        return $tag->kind === TagKind::Variable && ($this->hasTagWithin($tag) || $this->isDeclaration($tag))
+            ? 'This brace begins a tag, up to the next }: write {{ for a brace that is text, or put a blank behind it'
+            : null;
     }
 
     private function hasTagWithin(Tag $tag): bool
@@ -39,12 +39,12 @@ final readonly class SwallowedTag implements Rule
 
         return match (true) {
             $within->kind !== TagKind::Variable => preg_match('/^\s/', substr($within->text, strlen($within->kind->value))) === 1,
-            preg_match('/^[\w.*[\]-]+(::[\w.*[\]-]+)*$/', $within->text) !== 1 => false,
+            preg_match(self::PATH, $within->text) !== 1 => false,
             default => $isQuoted || new Path($within->text)->loop !== null || str_contains($within->text, '::'),
         };
     }
 
-    /** Whether a word before the default is none that anybody would give to a key. */
+    /** Whether a default stands behind a word that nobody would give to a key. */
     private function isDeclaration(Tag $tag): bool
     {
         return preg_match("/^[^']*\s'/", $tag->parameter) === 1 && preg_grep('/[:;,]$|["()=<>{]/', $tag->paths()) !== [];

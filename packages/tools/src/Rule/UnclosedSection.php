@@ -4,17 +4,17 @@ declare(strict_types=1);
 
 namespace Zorvel\Tools\Rule;
 
+use Zorvel\Syntax\Tag;
 use Zorvel\Tools\Template\Probe;
 use Zorvel\Tools\Template\Template;
 
 /** A section that the template ends in. */
-final readonly class UnclosedSection implements Rule
+final readonly class UnclosedSection extends TagRule
 {
-    public function check(Template $template): iterable
+    protected function messageFor(Tag $tag, Template $template): ?string
     {
-        foreach ($template->nesting->unclosed as $section) {
-            $fault = Probe::fault("{{$section->kind->value} -}");
-            yield $section->offset => "$fault; {{$section->kind->closing()?->value}} has to follow, in the same file";
-        }
+        return in_array($tag, $template->nesting->open, true)
+            ? Probe::fault("{{$tag->kind->value} -}") . "; {{$tag->kind->closing()?->value}} has to follow, in the same file"
+            : null;
     }
 }

@@ -4,17 +4,14 @@ declare(strict_types=1);
 
 namespace Zorvel\Tools\Rule;
 
+use Zorvel\Syntax\Tag;
 use Zorvel\Tools\Template\Template;
 
 /** A tag that the template ends in. */
-final readonly class UnclosedTag implements Rule
+final readonly class UnclosedTag extends TagRule
 {
-    public function check(Template $template): iterable
+    protected function messageFor(Tag $tag, Template $template): ?string
     {
-        foreach ($template->tags as $tag) {
-            if (!$tag->isClosed) {
-                yield $tag->offset => 'The template ends inside this tag: write }, or {{ for a brace that is text';
-            }
-        }
+        return $tag->isClosed ? null : 'The template ends inside this tag: write }, or {{ for a brace that is text';
     }
 }

@@ -10,20 +10,20 @@ use Zorvel\Tools\Template\Includes;
 use Zorvel\Tools\Template\Template;
 
 /** A path from a loop that is not there, neither here nor round an include of the template. */
-final readonly class UnknownLoop implements Rule
+final readonly class UnknownLoop extends TagRule
 {
     public function __construct(private Includes $includes) {}
 
-    public function check(Template $template): iterable
+    protected function messageFor(Tag $tag, Template $template): ?string
     {
-        foreach ($template->tags as $tag) {
-            $loops = array_filter(array_map(fn(string $path): ?string => new Path($path)->loop, $tag->paths()), is_string(...));
-            foreach (array_diff($loops, $this->namesAround($tag, $template)) as $loop) {
-                yield $tag->offset => $loop === ''
-                    ? 'No loop is round this tag: write it inside {dynamic path}…{/dynamic}'
-                    : "No loop round this tag is named \"$loop\": write {dynamic $loop,path}…{/dynamic} round it, or end the path without *";
-            }
-        }
+        $loops = array_filter(array_map(fn(string $path): ?string => new Path($path)->loop, $tag->paths()), is_string(...));
+        $loop = $loops === [] ? null : array_find($loops, fn(string $name): bool => !in_array($name, $this->namesAround($tag, $template), true));
+
+        return match ($loop) {
+            null => null,
+            '' => 'No loop is round this tag: write it inside {dynamic path}…{/dynamic}',
+            default => "No loop round this tag is named \"$loop\": write {dynamic $loop,path}…{/dynamic} round it, or end the path without *",
+        };
     }
 
     /** @return list<string> the names of the loops, and '' when there is one at all */

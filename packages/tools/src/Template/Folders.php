@@ -52,8 +52,8 @@ final readonly class Folders
     }
 
     /**
-     * The templates at a path. Below a folder those of dependencies are left out, and what is hidden; a folder that
-     * cannot be read stands for itself.
+     * The templates at a path. Below a folder those of dependencies are left out, and what is hidden or
+     * behind a symbolic link; a folder that cannot be read stands for itself.
      *
      * @return list<string>
      */
@@ -75,12 +75,14 @@ final readonly class Folders
 
     private function mayHaveTemplates(string $path): bool
     {
-        return is_dir($path) || in_array(pathinfo($path, PATHINFO_EXTENSION), $this->extensions, true);
+        return is_dir($path) ? !is_link($path) : in_array(pathinfo($path, PATHINFO_EXTENSION), $this->extensions, true);
     }
 
     private static function isIn(string $folder, string $file): bool
     {
-        return $folder === '.' ? !str_starts_with($file, '/') : str_starts_with($file, self::join($folder, ''));
+        $prefix = self::join($folder, '');
+
+        return str_starts_with($file, $prefix) && preg_match('~^/|(^|/)\.\.(/|$)~', substr($file, strlen($prefix))) === 0;
     }
 
     private static function join(string $folder, string $name): string

@@ -10,11 +10,11 @@ use Zorvel\Syntax\TagKind;
 /** How the sections of a template lie in each other. It goes on behind a fault, so that each fault is told once. */
 final class Nesting
 {
-    /** @var list<Tag> the sections that the template ends in */
-    public readonly array $unclosed;
+    /** @var list<Tag> the sections that are open, in the end those that the template ends in */
+    public private(set) array $open = [];
 
-    /** @var array<int, list<Tag>> the sections that are open where a tag stands, outermost first, by the tag's offset */
-    private array $open = [];
+    /** @var array<int, ?Tag> the section opened last where a tag stands, by the tag's offset */
+    private array $sections = [];
 
     /** @var array<int, true> the offsets of closing tags out of place */
     private array $unexpected = [];
@@ -25,27 +25,33 @@ final class Nesting
     /** @param list<Tag> $tags */
     public function __construct(array $tags)
     {
-        $open = [];
         foreach ($tags as $tag) {
-            $this->open[$tag->offset] = $open;
-            $open = $tag->kind->closes() ? $this->close($tag, $open) : $open;
-            $open = $tag->kind->closing() === null ? $open : [...$open, $tag];
+            $this->sections[$tag->offset] = $this->open === [] ? null : $this->open[count($this->open) - 1];
+            if ($tag->kind->closes()) {
+                $this->close($tag);
+            } elseif ($tag->kind->closing() !== null) {
+                $this->open[] = $tag;
+            }
         }
-        $this->unclosed = $open;
+    }
+
+    /** The section that was opened last where this tag stands. */
+    public function sectionAround(Tag $tag): ?Tag
+    {
+        return $this->sections[$tag->offset];
     }
 
     /** @return list<Tag> the tags of the loops round this tag, outermost first */
     public function loopsAround(Tag $tag): array
     {
-        return array_values(array_filter($this->open[$tag->offset], fn(Tag $section): bool => $section->kind->isLoop()));
-    }
+        $loops = [];
+        while (($tag = $this->sectionAround($tag)) !== null) {
+            if ($tag->kind->isLoop()) {
+                $loops[] = $tag;
+            }
+        }
 
-    /** The section that was opened last where this tag stands. */
-    public function innermost(Tag $tag): ?Tag
-    {
-        $open = $this->open[$tag->offset];
-
-        return $open === [] ? null : $open[count($open) - 1];
+        return array_reverse($loops);
     }
 
     /** Whether this is a closing tag that does not close the section opened last. */
@@ -54,37 +60,27 @@ final class Nesting
         return isset($this->unexpected[$tag->offset]);
     }
 
-    /**
-     * @param list<Tag> $open
-     * @return list<Tag> what is open behind the closing tag
-     */
-    private function close(Tag $tag, array $open): array
+    private function close(Tag $tag): void
     {
-        $opener = $this->openerOf($tag, $open);
-        if ($this->innermost($tag)?->kind->closing() !== $tag->kind && !$this->closesPassed($tag, $opener)) {
+        $opener = $this->openerOf($tag);
+        if ($this->sectionAround($tag)?->kind->closing() !== $tag->kind && !$this->closesPassed($tag, $opener)) {
             $this->unexpected[$tag->offset] = true;
         }
-        if ($opener === null) {
-            return $open;
+        if ($opener !== null) {
+            array_push($this->passed, ...array_slice(array_splice($this->open, $opener), 1));
         }
-        array_push($this->passed, ...array_slice($open, $opener + 1));
-
-        return array_slice($open, 0, $opener);
     }
 
-    /**
-     * The section that the closing tag is meant for, also when it is a loop that runs the other way.
-     *
-     * @param list<Tag> $open
-     */
-    private function openerOf(Tag $tag, array $open): ?int
+    /** The section that the closing tag is meant for, also when it is a loop that runs the other way. */
+    private function openerOf(Tag $tag): ?int
     {
-        $innermost = array_key_last($open);
-        if ($innermost !== null && $open[$innermost]->kind->isLoop() && $tag->kind !== TagKind::EndOptional) {
-            return $innermost;
-        }
+        $isMeant = fn(Tag $section): bool => $section->kind->closing() === $tag->kind;
+        $last = array_key_last($this->open);
+        $isOtherWay = $last !== null && $this->open[$last]->kind->isLoop() && $tag->kind !== TagKind::EndOptional;
 
-        return array_find_key(array_reverse($open, true), fn(Tag $section): bool => $section->kind->closing() === $tag->kind);
+        return $last === null || $isOtherWay || $isMeant($this->open[$last])
+            ? $last
+            : array_find_key(array_reverse($this->open, true), $isMeant);
     }
 
     private function closesPassed(Tag $tag, ?int $opener): bool

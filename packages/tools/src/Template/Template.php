@@ -12,6 +12,9 @@ use Zorvel\Tools\Level;
 /** A template's text with its tags, and how its sections are nested. */
 final readonly class Template
 {
+    /** Bytes of a message. */
+    private const int LONGEST = 400;
+
     /** @var list<Tag> */
     public array $tags;
 
@@ -53,9 +56,11 @@ final readonly class Template
         return (int) preg_match_all('/[^\x80-\xBF]/', $text);
     }
 
-    /** A tag that the message cites may run over several lines, and hold any byte. */
+    /** A tag that the message cites may run over several lines, hold any byte, and swallow half a script. */
     private static function oneLine(string $message): string
     {
-        return (string) preg_replace(['/\s+/', '/[\x00-\x1F\x7F]/'], [' ', '?'], $message);
+        $line = (string) preg_replace(['/\s+/', '/[\x00-\x1F\x7F]/'], [' ', '?'], $message);
+
+        return strlen($line) <= self::LONGEST ? $line : mb_substr($line, 0, 100, 'UTF-8') . ' … ' . mb_substr($line, -200, null, 'UTF-8');
     }
 }
