@@ -11,7 +11,7 @@ return new Config()
         '@PER-CS' => true,
         'declare_strict_types' => true,
         'no_unused_imports' => true,
-        'ordered_imports' => true,
+        'ordered_imports' => ['imports_order' => ['class', 'function', 'const']],
         'strict_comparison' => true,
     ])
     ->setCacheFile(__DIR__ . '/../build/php-cs-fixer.cache')

@@ -4,23 +4,21 @@ declare(strict_types=1);
 
 namespace Zorvel;
 
-use function array_is_list;
-
 use BackedEnum;
 use Closure;
 use DateTimeInterface;
+use JsonSerializable;
+use Stringable;
+use Traversable;
+use UnitEnum;
 
+use function array_is_list;
 use function is_array;
 use function is_bool;
 use function is_float;
 use function is_int;
 use function is_object;
 use function is_string;
-
-use JsonSerializable;
-use Stringable;
-use Traversable;
-use UnitEnum;
 
 /**
  * Data as programs have it, made into data as the language sees it: texts, booleans, and arrays of them. The caller's
@@ -39,7 +37,8 @@ use UnitEnum;
  * | Stringable | its text |
  * | any other object | its public properties, read as from outside |
  *
- * An object that is several of these is the first of them. Closures, resources and endless data are refused.
+ * An object that is several of these is the first of them. Closures, resources and endless data are refused: what is
+ * nested more than 128 deep, as data in a circle is, and more than a million elements out of Traversables.
  */
 final class DataWalk
 {

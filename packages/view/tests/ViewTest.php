@@ -119,17 +119,19 @@ final class ViewTest extends TemplatesTestCase
     public function testHandsOtherWarningsToTheHandlerThatIsThere(): void
     {
         $seen = [];
+        @ini_set('default_charset', 'nonsense');
         set_error_handler(function (int $level, string $message, string $file) use (&$seen): bool {
             return (bool) $seen[] = [$level, $message, $file === __FILE__];
         });
         error_clear_last();
         $data = ['list' => [1], 'own' => new Raw(['text' => self::text(fn(): string => (string) hex2bin('abc'))])];
         $page = $this->page('{list}{own::text}', $data);
-        $error = self::failure(new View($this->folder(['b.tpl' => '{list}{/optional}'])), 'b.tpl', $data);
+        $error = self::failure(new View($this->folder(['b.tpl' => '{htmlspecialchars a}{/optional}'])), 'b.tpl', ['a' => '<']);
         restore_error_handler();
+        ini_restore('default_charset');
 
-        $conversion = [E_WARNING, 'Array to string conversion', false];
-        self::assertSame([$conversion, [E_WARNING, 'hex2bin(): Hexadecimal input string must have an even length', true], $conversion], $seen);
+        $ofPage = [[E_WARNING, 'Array to string conversion', false], [E_WARNING, 'hex2bin(): Hexadecimal input string must have an even length', true]];
+        self::assertSame([...$ofPage, [E_WARNING, 'zorvel(): Charset "nonsense" is not supported, assuming UTF-8', false]], $seen);
         self::assertSame(['Array', 'Unexpected closing optional tag', null], [$page, $error->getReason(), error_get_last()]);
     }
 
