@@ -50,7 +50,7 @@ async function steady(apache, targets, seconds) {
   const lost = [warmUp, first, second].flatMap(({ lost }) => lost)
   verdict('every request is answered', lost.length === 0,
     lost[0]?.message ?? `${count(answers(targets))}, and ${count(first.hungUp + second.hungUp)} clients hung up`)
-  verdict('one process answers them all', `${start.processes}` === `${end.processes}`, `${start.processes}, then ${end.processes}`)
+  verdict('one process answers them all', `${start.processes}` === `${end.processes}`, `process ${start.processes}, then ${end.processes}`)
   verdict('memory does not grow in the second half', end.resident < half.resident + GROWTH, `${megabytes(half.resident)}, then ${megabytes(end.resident)}`)
   verdict('no file stays open', end.openFiles <= start.openFiles, `${start.openFiles}, then ${end.openFiles}`)
 }
@@ -62,7 +62,7 @@ async function limits(apache) {
     apache.forgetPeak()
     const { body, ms } = await client.ask({ host: 'plain', path: pathOf(name) }).catch(({ message }) => ({ body: message, ms: NaN }))
     const good = body.includes(message) && apache.peak < RESIDENT
-    verdict(name, good, `${body.trim().slice(0, 80)} … after ${(ms / 1000).toFixed(1)} s, ${megabytes(apache.peak)} resident`)
+    verdict(name, good, `after ${(ms / 1000).toFixed(1)} s, ${megabytes(apache.peak)} resident: ${body.trim().slice(0, 60)} …`)
   }
   client.close()
 }
@@ -83,7 +83,7 @@ async function restarts(apache, targets, lostAlone) {
   const { lost } = await load(apache.port, targets, 5, restarting(apache))
   const torn = lost.find(({ unanswered }) => !unanswered)
   const good = !torn && lost.length <= STACKS.length * CONNECTIONS
-  verdict(`${STACKS.length} graceful restarts under load, with stacks of 128 KB to 8 MB`, good,
+  verdict(`${STACKS.length} graceful restarts, stacks of 128 KB to 8 MB`, good,
     torn?.message ?? `${count(answers(targets) - before)} answers, ${lost.length} connections lost, ${lostAlone.length} without the extension`)
   const left = await processesLeft(apache)
   verdict('the processes before a restart end', left === 1, `${left} left`)
@@ -117,7 +117,7 @@ export async function run(seconds) {
   rest()
   await apache.stop()
   for (const { name, fault, times } of targets.mixed) {
-    verdict(name, !fault, fault ?? `${count(times.length)} answers, p50 ${milliseconds(times, 0.5)}, p99 ${milliseconds(times, 0.99)}`)
+    verdict(name, !fault, fault ?? `${count(times.length).padStart(6)} answers, p50 ${milliseconds(times, 0.5)}, p99 ${milliseconds(times, 0.99)}`)
   }
   const complaint = apache.log.split('\n').find(line => !isNotice(line))
   verdict('the error log tells of no crash', !complaint, complaint ?? 'notices only')

@@ -20,7 +20,8 @@ export async function launch(command, options, port, stdio) {
   const program = spawn(command, options, { stdio })
   programs.push(program)
   while (!await connects(port)) {
-    if (program.exitCode !== null) throw new Error(`${command} ended at once, with ${program.exitCode}`)
+    const ended = program.signalCode ?? program.exitCode
+    if (ended !== null) throw new Error(`${command} ended at once, with ${ended}`)
     await sleep(20)
   }
   return program

@@ -1,6 +1,6 @@
-// What is printed: verdicts with their figures.
+// What is printed: a table of verdicts with their figures.
 export function verdict(name, good, figures) {
-  console.log(`${good ? 'ok' : 'not ok'} ${name}: ${figures}`)
+  console.log(`${good ? 'ok' : 'not ok'} ${name}`.padEnd(52), figures)
 }
 
 export const count = number => Math.round(number).toLocaleString('en')
