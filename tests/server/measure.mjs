@@ -36,7 +36,7 @@ class Contender {
     const { times } = this
     return [
       PAGES[this.page], ENGINES[this.engine], count(times.length / this.seconds), milliseconds(times, 0.5),
-      milliseconds(times, 0.99), `${(this.processor / times.length).toFixed(2)} ms`,
+      milliseconds(times, 0.99), `${Math.round(1000 * this.processor / times.length)} µs`,
     ]
   }
 }
