@@ -1,4 +1,5 @@
 <?php
+
 // The shop's data: an SQLite file in the system's temporary folder, filled from catalogue.json on first use.
 declare(strict_types=1);
 
@@ -57,14 +58,14 @@ function rows(PDO $store, string $query, string ...$values): array
 {
     $statement = $store->prepare($query);
     $statement->execute($values);
-    return array_map(fn (array $row): array => array_filter($row, fn ($value) => $value !== null), $statement->fetchAll());
+    return array_map(fn(array $row): array => array_filter($row, fn($value) => $value !== null), $statement->fetchAll());
 }
 
 /** The products for which CONDITION holds, each with its price as text: a template does not reckon. */
 function products(PDO $store, string $condition, string ...$values): array
 {
     return array_map(
-        fn (array $product): array => $product + ['price' => number_format($product['cents'] / 100, 2)],
+        fn(array $product): array => $product + ['price' => number_format($product['cents'] / 100, 2)],
         rows($store, "SELECT * FROM product WHERE $condition", ...$values),
     );
 }
@@ -80,8 +81,8 @@ function categories(PDO $store, string $query): array
 {
     $search = 'category = ? AND instr(lower(name), lower(?))';
     $filled = array_map(
-        fn (array $category): array => $category + ['products' => products($store, $search, $category['key'], $query)],
+        fn(array $category): array => $category + ['products' => products($store, $search, $category['key'], $query)],
         rows($store, 'SELECT * FROM category'),
     );
-    return array_values(array_filter($filled, fn (array $category): bool => $category['products'] !== []));
+    return array_values(array_filter($filled, fn(array $category): bool => $category['products'] !== []));
 }

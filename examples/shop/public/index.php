@@ -1,4 +1,5 @@
 <?php
+
 // The shop's one entry: finds the data of the page asked for and fills its template. Files beside it are the server's.
 declare(strict_types=1);
 

@@ -77,8 +77,9 @@ final readonly class Linter
     private function silentTags(string $name, Folders $folders, array $data): iterable
     {
         $data = new DataWalk($name, keepsNull: true)->plain($data);
+        $templates = [];
         foreach (new ViewFolders($folders->paths)->searched(fn(): array => Check::findings($name, $data)) as $finding) {
-            $template = Template::fromFile((string) $folders->find($finding->template));
+            $template = $templates[$finding->template] ??= Template::fromFile((string) $folders->find($finding->template));
             yield $template->finding($finding->tag->offset, Level::Warning, 'silent-tag', $finding->what);
         }
     }

@@ -76,6 +76,15 @@ final class LintCommandTest extends ToolsTestCase
         self::assertSame([['a.tpl', 'locked', 'z.tpl'], ['unreadable']], [$files, array_column($findings, 'rule')]);
     }
 
+    public function testFindsNothingInTheExamples(): void
+    {
+        $root = dirname(__DIR__, 3);
+        [$status, $output] = $this->zorvel(['lint', '--strict', "$root/examples", "$root/bench/templates/zorvel"]);
+
+        self::assertSame(0, $status, $output);
+        self::assertGreaterThan(10, (int) strrchr(strstr($output, ' templates', true) ?: '', ' '));
+    }
+
     public function testDoesWhatItsDocumentSays(): void
     {
         ['lint' => $lint, 'render' => $render] = new Document('packages/tools/README.md')->blocks();

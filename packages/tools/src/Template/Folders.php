@@ -39,7 +39,7 @@ final readonly class Folders
     /** The name by which a page is made from a file in the first folder. */
     public function nameOf(string $file): string
     {
-        return substr($file, strlen(self::join($this->paths[0], '')));
+        return ltrim(substr($file, strlen(self::join($this->paths[0], ''))), '/');
     }
 
     /** The file that an include of this name reads; null when there is none. */
