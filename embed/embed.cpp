@@ -19,20 +19,24 @@ size_t print(const char* text, size_t length)
     return length;
 }
 
+std::string settings;
+
+/// PHP has put settings of its own in place of the module's.
 int startWithModule(sapi_module_struct* module)
 {
+    settings.insert(0, module->ini_entries);
+    module->ini_entries = settings.c_str();
     return php_module_startup(module, &zorvel_module_entry);
 }
 
 } // namespace
 
-void start(const char* settings)
+void start(const char* moreSettings)
 {
-    static const std::string ini = std::string("display_errors=1\nhtml_errors=0\nlog_errors=0\n") + settings + "\n";
+    settings = std::string("display_errors=1\nlog_errors=0\n") + moreSettings + "\n";
     php_embed_module.startup = startWithModule;
     php_embed_module.ub_write = print;
     php_embed_module.php_ini_ignore = 1;
-    php_embed_module.ini_entries = ini.c_str();
     php_embed_init(0, nullptr);
     ZEND_TSRMLS_CACHE_UPDATE();
     php_request_shutdown(nullptr);
