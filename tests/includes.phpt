@@ -7,13 +7,14 @@ $circle = fn (string $name, string $source) => ["Include block bad parameter '$n
 $files = ['inc' => 'I{n}', 'loop' => '{dynamic i,r}{optional [*] 1}{*}{/optional}{i::*}:{/dynamic}', 'x' => '{*}*',
     'long' => str_repeat('x', CHUNK - 1) . '{n}' . str_repeat('y', CHUNK) . '{', 'self' => '{include self}',
     'v.tpl' => '{include v}', 'a' => '{include b}', 'b' => '{include a}', 'dot.tpl' => '{include ./dot.tpl}',
-    'open' => '{optional n}', 'end' => '{/optional}', 'fault' => '{include bad}', 'bad' => '{a::}'];
+    'open' => '{optional n}', 'end' => '{/optional}', 'fault' => '{include bad}', 'bad' => '{a::}', 'int' => 'named int', '5' => 'named 5'];
 foreach (range(0, 60) as $i)
     $files["chain$i"] = "$i{include chain" . $i + 1 . '}';
-$data = ['n' => 'Ann', 'r' => [1, 2], 'in' => ['f' => 'inc', 'r' => &$ref, 'e' => ''], 'z' => "inc\0x", 'v' => 'v.tpl'];
+$data = ['n' => 'Ann', 'r' => [1, 2], 'in' => ['f' => 'inc', 'r' => &$ref, 'e' => ''], 'z' => "inc\0x", 'v' => 'v.tpl', 'int' => 5];
 table($data, [
     '<{include inc}>{include in::f}{include z}{n}{optional x}{include inc}{/optional}' => '<IAnn>IAnnIAnnAnn',
     '<{include in::e}{include missing}{include in::x}{include in}{include in::r}{include *.tpl}>' => '<>',
+    '{include int}' => 'named int',
     '{dynamic i,r}{include loop}{include x}{/dynamic}' => '1:21:1*2:22:2*',
     '{include long}' => str_repeat('x', CHUNK - 1) . 'Ann' . str_repeat('y', CHUNK) . '{',
     '{include chain0}' => implode(range(0, 60)),
@@ -30,4 +31,4 @@ table($data, [
     '{include inc}{/optional}' => ['Unexpected closing optional tag in '],
 ], $files);
 --EXPECT--
-16 cases
+17 cases

@@ -28,13 +28,14 @@ $escaped = fn ($text, $charset = 'ISO-8859-1') => addslashes($text) . '|'
     . strtok(htmlspecialchars($text, ENT_COMPAT, $charset), "\0") . '|' . rawurlencode($text) . ';';
 $bytes = array_map(fn ($byte) => 'a' . chr($byte), range(1, 255));
 $special = ['s' => "<é'\"&amp;\\>", 'z' => "\"\0\"", 'a b' => '>', "'q'" => '&', 'bad' => "\xE9<"];
-table($special + ['in' => ['k"&/' => $special + $types], 'bytes' => $bytes] + $types, [
+table($special + ['in' => ['k"&/' => $special + $types + ['only' => 'here']], 'bytes' => $bytes] + $types, [
     implode(array_map($each, array_keys($special))) => implode(array_map(fn ($v) => $escaped($v, 'UTF-8'), $special)),
     implode(array_map($each, ['no', 'yes', 'o', 'n', 'nul', 'array', 'x', 'e', '*', 'i::[*]'])) . $loop('*::x')
         . $loop('i::*') => str_repeat('|||;', 12),
     implode(array_map($loop, ['*::s', '*::bad', '*::z', 'item::[*]', '[*]', '*::int', '*::n', 'item::*', '*::nul'])) =>
         implode(array_map($escaped, [$special['s'], $special['bad'], '"', 'k"&/', 'k"&/', '-42', 'Ann', 'Array', ''])),
+    '{dynamic in}' . $each('only') . '{/dynamic}' => '|||;',
     '{dynamic bytes}' . $each('*') . '{/dynamic}' => implode(array_map($escaped, $bytes)),
 ]);
 --EXPECT--
-21 cases
+22 cases

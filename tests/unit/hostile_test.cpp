@@ -64,6 +64,7 @@ const char* const places[] = {
     "page('{dynamic a}{*}{dynamic n::*}{/dynamic}{/dynamic}', ['a' => [new Text($act)]]);",
     "page('{dynamic a}{htmlentities *}{/dynamic}', ['a' => [new Text($act)]]);",
     "global $o; $o = new Text(function () { $GLOBALS['o'] = null; }, $act); page('{o}', ['o' => &$o]);",
+    "global $a; $a = [new Text(function () { $GLOBALS['a'] = null; }, $act)]; page('{dynamic a}{*}{/dynamic}', ['a' => &$a]);",
     "set_error_handler($act); page('{a}{/optional}', ['a' => []]);",
     "set_error_handler($act); page('{dynamic a}{*}{/dynamic}', ['a' => [[]]]);",
     "set_error_handler($act); page('x{optional a}');",
@@ -104,6 +105,10 @@ const Program programs[] = {
     {"memory_limit while a page grows",
      "ini_set('memory_limit', '4M'); $d = ['r' => range(1, 1000), 'v' => str_repeat('x', 9999)];"
      "page('{dynamic r}{dynamic r}{dynamic r}{v}{/dynamic}{/dynamic}{/dynamic}', $d);",
+     "fatal"},
+    {"memory_limit while properties are copied",
+     "$o = (object) array_flip(range(1, 1 << 18)); ini_set('memory_limit', (string) (memory_get_usage(true) + (1 << 20)));"
+     "page('{dynamic n,a}{dynamic n::*}{*}{/dynamic}{/dynamic}', ['a' => [['num' => $o]]]);",
      "fatal"},
     {"memory_limit while a tree grows",
      "ini_set('memory_limit', '4M'); page(str_repeat('{v}{*}', 99999), ['v' => str_repeat('x', 9999)]);", "fatal"},
@@ -181,6 +186,10 @@ const Program programs[] = {
      "loadendzorvel(): Argument #1 ($fileName) must be of type string, array given"},
     {"bad arguments and a handler that throws",
      "set_error_handler(fn() => throw new Exception('handler')); page(new Text(fn() => exit)); echo 'alive';", ""},
+    {"bad arguments and a handler that throws instead",
+     "set_error_handler(fn() => throw new Exception('handler'));"
+     "try { zorvel([], []); } catch (Exception $e) { echo $e->getMessage(), ' ', $e->getPrevious()::class; }",
+     "handler TypeError"},
     {"names with NUL bytes",
      "page(\"in://x\\0y\", [], false); page(\"x{include in://y\\0}{include b}\", ['b' => \"\\0in://z\"]);",
      "[Could not open file in://x]nullx"},
