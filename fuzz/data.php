@@ -2,13 +2,16 @@
 
 declare(strict_types=1);
 
-/** Called at each entry into user code, when set. */
+/** An entry into user code; it may act. */
 final class Entry
 {
+    public static int $count = 0;
+    public static bool $hasActed = false;
     public static ?Closure $act = null;
 
     public static function reached(): void
     {
+        ++self::$count;
         self::$act && (self::$act)();
     }
 }
@@ -66,7 +69,7 @@ final class Trap
             't' => throw new Exception(),
             'x' => exit,
             'c' => array_map(fclose(...), get_resources('stream')),
-            'z' => ++self::$calls < 4 && zorvel('{a}{dynamic a}{*}{/dynamic}', $this->data->root, true),
+            'z' => ++self::$calls < 4 && $this->data->callAgain(),
             default => $this->data->turn($this->act),
         };
         return "<o'\xE9&\0\">";
@@ -92,6 +95,8 @@ final class Data
 {
     private const array LONGER = ['N' => 'num', 'V' => 'visible', '-' => -1, '+' => 4294967295, '.' => '007', '~' => '2nd'];
 
+    /** Those that run within another. */
+    public static int $calls = 0;
     /** @var array<mixed> */
     public array $root;
     private array $cells = [];
@@ -161,6 +166,17 @@ final class Data
         return $proxy ? $class->newLazyProxy($make) : $class->newLazyGhost($init);
     }
 
+    /** A call within the call, which may fail without its failing. */
+    public function callAgain(): void
+    {
+        ++self::$calls;
+        try {
+            zorvel('{a}{dynamic a}{*}{/dynamic}', $this->root, true);
+        } finally {
+            --self::$calls;
+        }
+    }
+
     /** Writes to all that the template may be walking. */
     public function turn(string $act): void
     {
@@ -192,10 +208,10 @@ function readInput(string $input): array
     return [Files::$texts[0], Files::$texts[1]];
 }
 
-/** True for a warning of the extension's. */
+/** True for a warning of the extension's, unless it is that of a call within the call. */
 function isOurs(string $message): bool
 {
     static $heads = ['Could not open file', 'Missing', 'Unexpected', 'Bad formated', 'Include block bad', 'Dynamic block bad',
         'Variable block bad', 'Template is', 'std::', 'Error while parsing parameters'];
-    return array_any($heads, fn($head) => str_starts_with($message, $head));
+    return Data::$calls === 0 && array_any($heads, fn($head) => str_starts_with($message, $head));
 }

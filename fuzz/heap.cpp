@@ -2,14 +2,15 @@
 
 #include <cstdlib>
 #include <new>
+#include <string_view>
 
 #include <php.h>
 
+#include "engine/guard.h"
+#include "faults.h"
+
 namespace heap
 {
-
-Hook beforeNew = nullptr;
-Hook beforeEngine = nullptr;
 
 namespace
 {
@@ -18,8 +19,7 @@ Blocks blocks;
 
 void* allocateNew(std::size_t size)
 {
-    if (beforeNew != nullptr)
-        beforeNew();
+    faults::reach(faults::Kind::New);
     void* block = std::malloc(size);
     if (block == nullptr)
         throw std::bad_alloc();
@@ -42,23 +42,40 @@ void release(void* block)
     std::free(block);
 }
 
-void* allocateEngine(std::size_t size ZEND_FILE_LINE_DC ZEND_FILE_LINE_ORIG_DC)
+/// User code that the extension runs has frames of its own: what fails there is a fatal error of its.
+bool isOnExtensionsFrame()
 {
-    if (beforeEngine != nullptr)
-        beforeEngine();
+    const zend_execute_data* frame = EG(current_execute_data);
+    return frame != nullptr && frame->func != nullptr && frame->func->type == ZEND_INTERNAL_FUNCTION &&
+           frame->func->internal_function.module != nullptr &&
+           std::string_view(frame->func->internal_function.module->name) == "zorvel";
+}
+
+void reachEngine()
+{
+    if (faults::isArmed() && isOnExtensionsFrame())
+        faults::reach(faults::Kind::EngineAllocation);
+}
+
+/// A debug build of PHP tells where it is called from.
+template <typename... Where>
+void* allocateEngine(std::size_t size, Where...)
+{
+    reachEngine();
     ++blocks.engine;
     return std::malloc(size);
 }
 
-void* reallocateEngine(void* block, std::size_t size ZEND_FILE_LINE_DC ZEND_FILE_LINE_ORIG_DC)
+template <typename... Where>
+void* reallocateEngine(void* block, std::size_t size, Where...)
 {
-    if (beforeEngine != nullptr)
-        beforeEngine();
+    reachEngine();
     blocks.engine += block == nullptr ? 1 : 0;
     return std::realloc(block, size);
 }
 
-void releaseEngine(void* block ZEND_FILE_LINE_DC ZEND_FILE_LINE_ORIG_DC)
+template <typename... Where>
+void releaseEngine(void* block, Where...)
 {
     blocks.engine -= block != nullptr ? 1 : 0;
     std::free(block);

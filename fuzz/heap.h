@@ -19,9 +19,17 @@ Blocks alive();
 /// Counts the engine's blocks from now on, which come from malloc (USE_ZEND_ALLOC=0).
 void watchEngine();
 
-/// Called ahead of each allocation: may throw, from operator new, or bail out, from the engine's.
-using Hook = void (*)();
-extern Hook beforeNew;
-extern Hook beforeEngine;
+/// PHP makes some things of a request's when they are first needed. What leaks does so each time.
+template <typename Run>
+bool leaks(Run run)
+{
+    for (int round = 0; round < 4; ++round) {
+        const Blocks before = alive();
+        run();
+        if (alive() == before)
+            return false;
+    }
+    return true;
+}
 
 } // namespace heap

@@ -5,20 +5,18 @@
 
 #include <php.h>
 
+#include "faults.h"
+
 namespace memory_files
 {
-
-Hook beforeOperation = nullptr;
 
 namespace
 {
 
-const model::Files* served = nullptr;
+using faults::Kind;
 
-bool works()
-{
-    return beforeOperation == nullptr || beforeOperation();
-}
+const model::Files* served = nullptr;
+int opened = 0;
 
 /// What a stream has not read yet.
 struct Rest {
@@ -34,7 +32,7 @@ ssize_t write(php_stream*, const char*, std::size_t)
 /// A stream knows that it is at its end with its last piece when that is an even one, else by an empty piece.
 ssize_t read(php_stream* stream, char* buffer, std::size_t size)
 {
-    if (!works())
+    if (faults::reach(Kind::ReadFile))
         return -1;
     auto* rest = static_cast<Rest*>(stream->abstract);
     const std::size_t left = rest->end - rest->begin;
@@ -48,7 +46,8 @@ ssize_t read(php_stream* stream, char* buffer, std::size_t size)
 int close(php_stream* stream, int)
 {
     pefree(stream->abstract, 1);
-    return works() ? 0 : EOF;
+    --opened;
+    return faults::reach(Kind::CloseFile) ? EOF : 0;
 }
 
 int flush(php_stream*)
@@ -58,22 +57,39 @@ int flush(php_stream*)
 
 const php_stream_ops streamOps = {write, read, close, flush, "memory", nullptr, nullptr, nullptr, nullptr};
 
-php_stream* open(php_stream_wrapper*, const char* name, const char* mode, int, zend_string**,
-                 php_stream_context* STREAMS_DC)
+/// @return null: there is no such file
+const std::string* find(const char* name)
 {
+    const faults::Armed none(false);
     const auto file = served->find(name);
-    if (!works() || file == served->end())
+    return file != served->end() ? &file->second : nullptr;
+}
+
+php_stream* openFile(php_stream_wrapper*, const char* name, const char* mode, int, zend_string**,
+                     php_stream_context* STREAMS_DC)
+{
+    const std::string* file = find(name);
+    if (faults::reach(Kind::OpenFile) || file == nullptr)
         return nullptr;
     auto* rest = static_cast<Rest*>(pemalloc(sizeof(Rest), 1));
-    *rest = {file->second.data(), file->second.data() + file->second.size()};
-    php_stream* stream = php_stream_alloc_rel(&streamOps, rest, nullptr, mode);
-    if (stream == nullptr)
+    *rest = {file->data(), file->data() + file->size()};
+    php_stream* stream = nullptr;
+    zend_try
+    {
+        stream = php_stream_alloc_rel(&streamOps, rest, nullptr, mode);
+    }
+    zend_catch
+    {
         pefree(rest, 1);
+        zend_bailout();
+    }
+    zend_end_try();
+    ++opened;
     return stream;
 }
 
-const php_stream_wrapper_ops wrapperOps = {open,    nullptr, nullptr, nullptr, nullptr, "memory",
-                                           nullptr, nullptr, nullptr, nullptr, nullptr};
+const php_stream_wrapper_ops wrapperOps = {openFile, nullptr, nullptr, nullptr, nullptr, "memory",
+                                           nullptr,  nullptr, nullptr, nullptr, nullptr};
 const php_stream_wrapper wrapper = {&wrapperOps, nullptr, 0};
 
 } // namespace
@@ -90,6 +106,11 @@ void switchOffPlainFiles()
     php_unregister_url_stream_wrapper_volatile(name);
     php_register_url_stream_wrapper_volatile(name, const_cast<php_stream_wrapper*>(&wrapper));
     zend_string_release(name);
+}
+
+int open()
+{
+    return opened;
 }
 
 void serve(const model::Files* files)

@@ -15,8 +15,7 @@ void switchOffPlainFiles();
 /// What is there to be opened, by whole names; null: nothing. Has to outlive the streams.
 void serve(const model::Files* files);
 
-/// Called ahead of each operation on a stream when set: opening, reading and closing. False makes it fail.
-using Hook = bool (*)();
-extern Hook beforeOperation;
+/// How many streams are open.
+int open();
 
 } // namespace memory_files

@@ -2,11 +2,14 @@
 
 #include <cstdlib>
 #include <cstring>
+#include <utility>
 
 #include <ext/spl/spl_array.h>
+#include <ext/standard/file.h>
 #include <zend_exceptions.h>
 
 #include "embed.h"
+#include "faults.h"
 #include "heap.h"
 #include "memory_files.h"
 
@@ -69,13 +72,19 @@ zend_module_entry classesModule = {
     STANDARD_MODULE_HEADER,    "classes", nullptr, addAllClasses, nullptr, nullptr, nullptr, nullptr, "1",
     STANDARD_MODULE_PROPERTIES};
 
-void collect(int type, zend_string*, std::uint32_t, zend_string* message)
+void note(const zend_string* message)
 {
+    const faults::Armed none(false);
     const std::string text(ZSTR_VAL(message), ZSTR_LEN(message));
     if (text == "Array to string conversion")
         ++seen.conversions;
     else if (!text.starts_with("PHP Request Startup: Unable to find the wrapper")) // PHP's, of an unknown scheme
         seen.warning += text;
+}
+
+void collect(int type, zend_string*, std::uint32_t, zend_string* message)
+{
+    note(message);
     if ((type & E_FATAL_ERRORS) != 0)
         zend_bailout();
 }
@@ -177,6 +186,20 @@ private:
     zend_execute_data* below_;
 };
 
+zif_handler zorvel = nullptr;
+
+/// Faults strike in the extension, and in what it calls.
+void armedZorvel(zend_execute_data* execute_data, zval* return_value)
+{
+    const faults::Armed armed;
+    zorvel(execute_data, return_value);
+}
+
+zend_function* findFunction(const char* name)
+{
+    return static_cast<zend_function*>(zend_hash_str_find_ptr(CG(function_table), name, strlen(name)));
+}
+
 /// Ends what an exception of PHP's left.
 /// @return true when there was one
 bool forgetException()
@@ -192,16 +215,16 @@ void startPhp(const char* settings)
 {
     setenv("USE_ZEND_ALLOC", "0", 1);
     embed::start(settings);
+    zorvel = std::exchange(findFunction("zorvel")->internal_function.handler, armedZorvel);
     heap::watchEngine();
 }
 
-void addClasses()
+void enterModelWorld()
 {
+    zend_interned_strings_switch_storage(false); // for names that outlive the next request
     zend_startup_module(&classesModule);
-}
-
-void collectErrors()
-{
+    memory_files::registerWrapper();
+    zend_interned_strings_switch_storage(true);
     zend_error_cb = collect;
 }
 
@@ -234,15 +257,16 @@ bool isSame(const zval& value, const Value& made)
 
 bool call(const char* function, zval* result, std::uint32_t count, zval* arguments)
 {
-    auto* known = static_cast<zend_function*>(zend_hash_str_find_ptr(CG(function_table), function, strlen(function)));
     const Frame frame;
+    const faults::Armed none(false); // so that it is as before when a bailout has jumped over armedZorvel
     ZVAL_UNDEF(result);
     zend_try
     {
-        zend_call_known_function(known, nullptr, nullptr, result, count, arguments, nullptr);
+        zend_call_known_function(findFunction(function), nullptr, nullptr, result, count, arguments, nullptr);
     }
     zend_catch
     {
+        FG(wrapper_errors) = nullptr; // PHP may have been about to add to it, and trips over what it finds there
         return false;
     }
     zend_end_try();
@@ -264,7 +288,7 @@ Seen observe(const std::string& source, bool inMemory, zval* data)
         seen.page = std::string(Z_STRVAL(page), Z_STRLEN(page));
     if (returned)
         zval_ptr_dtor(&page);
-    return {seen, !returned};
+    return {std::exchange(seen, {}), !returned};
 }
 
 } // namespace fuzz

@@ -13,11 +13,9 @@ namespace fuzz
 /// Starts PHP for good, and counts its memory from the start.
 void startPhp(const char* settings = "");
 
-/// Adds PHP's side of the model's values: the classes of its objects.
-void addClasses();
-
-/// Collects PHP's warnings instead of printing them, for good. Fatal errors still end the request.
-void collectErrors();
+/// From now on PHP has the model's world, and no more: the classes of its objects, files in memory alone, and warnings
+/// that are collected instead of printed. To be called once, while no request runs.
+void enterModelWorld();
 
 /// PHP's value for a model's; the caller's to destroy.
 zval toPhp(const model::Value& value);

@@ -65,26 +65,12 @@ std::string check(const std::string& bytes)
     return wrong.empty() ? compare(input, data, false) : wrong;
 }
 
-/// PHP makes some things of a request's when they are first needed: what leaks does so again.
-std::string leaks(const std::string& bytes)
-{
-    for (int round = 0; round < 3; ++round) {
-        const heap::Blocks before = heap::alive();
-        check(bytes);
-        if (heap::alive() == before)
-            return "";
-    }
-    return "it leaks";
-}
-
 } // namespace
 
 extern "C" int LLVMFuzzerInitialize(int*, char***)
 {
     fuzz::startPhp("include_path=");
-    fuzz::addClasses();
-    memory_files::registerWrapper();
-    fuzz::collectErrors();
+    fuzz::enterModelWorld();
     renew();
     return std::atexit(endRequest);
 }
@@ -96,10 +82,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
         return 0;
     if (++inputs > mostInputs)
         renew();
-    const heap::Blocks before = heap::alive();
-    std::string wrong = check(input);
-    if (wrong.empty() && heap::alive() != before)
-        wrong = leaks(input);
+    std::string wrong;
+    if (heap::leaks([&] { wrong = check(input); }) && wrong.empty())
+        wrong = "it leaks";
     if (wrong.empty())
         return 0;
     std::fprintf(stderr, "%s\nfor the input:\n%s\n", wrong.c_str(), input.c_str());
