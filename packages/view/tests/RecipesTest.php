@@ -1,0 +1,62 @@
+<?php
+
+declare(strict_types=1);
+
+namespace Zorvel\Tests;
+
+use DOMDocument;
+use PHPUnit\Framework\Attributes\DataProvider;
+use Zorvel\View;
+
+final class RecipesTest extends TemplatesTestCase
+{
+    private const string ROOT = __DIR__ . '/../../..';
+
+    /** As a web server sends it: the status is a header. */
+    private const string RUN = <<<'PHP'
+        ob_start(fn(string $page): string => (http_response_code() ? 'Status: ' . http_response_code() . "\n\n" : '') . $page);
+        require 'program.php';
+        PHP;
+
+    /** @return array<string, array{Recipe}> */
+    public static function recipes(): array
+    {
+        return array_map(static fn(Recipe $recipe): array => [$recipe], Recipe::all((string) file_get_contents(self::ROOT . '/docs/recipes.md')));
+    }
+
+    #[DataProvider('recipes')]
+    public function testARecipeGivesWhatTheDocumentSays(Recipe $recipe): void
+    {
+        $folder = $this->folder($recipe->templates());
+        $results = $recipe->program() === null ? self::pages($recipe, $folder) : ['output' => self::printed($recipe->program(), dirname($folder))];
+
+        self::assertSame(array_map(rtrim(...), $recipe->results()), array_map(rtrim(...), $results));
+    }
+
+    /** @return array<string, string> */
+    private static function pages(Recipe $recipe, string $folder): array
+    {
+        $pages = [];
+        foreach (array_keys($recipe->results()) as $name) {
+            $pages[$name] = new View($folder, strict: true)->render("$name.tpl", self::evaluated((string) $recipe->data()));
+            !str_ends_with($name, '.xml') || self::assertTrue(new DOMDocument()->loadXML($pages[$name]));
+        }
+
+        return $pages;
+    }
+
+    /** @return array<string, mixed> */
+    private static function evaluated(string $program): array
+    {
+        return (array) eval($program);
+    }
+
+    private static function printed(string $program, string $folder): string
+    {
+        symlink(self::ROOT . '/packages/vendor', "$folder/vendor");
+        file_put_contents("$folder/program.php", "<?php\n$program");
+        $php = escapeshellarg((string) realpath(self::ROOT . '/script/php'));
+
+        return (string) shell_exec("cd $folder && $php -r " . escapeshellarg(self::RUN) . ' 2>/dev/null');
+    }
+}
