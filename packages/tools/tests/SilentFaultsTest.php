@@ -5,6 +5,7 @@ declare(strict_types=1);
 namespace Zorvel\Tools\Tests;
 
 use PHPUnit\Framework\Attributes\DataProvider;
+use Zorvel\Tests\Recipe;
 use Zorvel\Tools\Template\Template;
 
 final class SilentFaultsTest extends ToolsTestCase
@@ -77,6 +78,17 @@ final class SilentFaultsTest extends ToolsTestCase
             }
         }
         self::assertEquals(self::TRAPS, $traps);
+    }
+
+    public function testFindsNothingInTheRecipesButASectionLeftOpen(): void
+    {
+        $recipes = Recipe::all((string) file_get_contents(__DIR__ . '/../../../docs/recipes.md'));
+        foreach ($recipes as $title => $recipe) {
+            $this->write($recipe->templates());
+            $found = $this->found(...array_map(Template::fromFile(...), array_keys($recipe->templates())));
+
+            self::assertSame(str_starts_with($title, 'An error page') ? ['article.html.tpl:2:1 unclosed-section'] : [], $found, $title);
+        }
     }
 
     public function testCitesALongTagInOneLine(): void

@@ -30,6 +30,7 @@ final class RecipesTest extends TemplatesTestCase
         $folder = $this->folder($recipe->templates());
         $results = $recipe->program() === null ? self::pages($recipe, $folder) : ['output' => self::printed($recipe->program(), dirname($folder))];
 
+        self::assertNotSame([], $results);
         self::assertSame(array_map(rtrim(...), $recipe->results()), array_map(rtrim(...), $results));
     }
 
@@ -45,7 +46,7 @@ final class RecipesTest extends TemplatesTestCase
         return $pages;
     }
 
-    /** @return array<string, mixed> */
+    /** @return array<array-key, mixed> */
     private static function evaluated(string $program): array
     {
         return (array) eval($program);
