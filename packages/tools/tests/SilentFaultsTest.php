@@ -20,6 +20,8 @@ final class SilentFaultsTest extends ToolsTestCase
         '{optional status  on sale}yes{/optional}' => ['compare-blanks'],
         "{dynamic rows}{optional [*] '1'}[{/optional}{*}{/dynamic}" => ['quoted-key'],
         '<{include missing.tpl}>' => ['missing-include'],
+        '{* a title *}' => ['foreign-syntax'],
+        "{htmlspecialchars nick 'you'}" => ['filter-words'],
     ];
 
     /** @return iterable<string, array{string, list<string>}> */
