@@ -16,7 +16,9 @@ function examples(string $document): Generator
         $document, $pieces, PREG_OFFSET_CAPTURE);
     foreach ($pieces[0] as [$piece, $offset]) {
         $line = substr_count($document, "\n", 0, $offset) + 1;
-        yield from $piece[0] === '|' ? rows($piece, $line) : [$line => blocks($piece)];
+        if (!str_contains($piece, 'Zorvel\\View')) { // which the tests of packages/view run
+            yield from $piece[0] === '|' ? rows($piece, $line) : [$line => blocks($piece)];
+        }
     }
 }
 
