@@ -97,6 +97,18 @@ const cases = [
    "            <v_(d)>  <v> <v>         <v>    "],
   ["<style>p { color: {c} } q{{r: 1}}</style><script>f('{a}') { x }</script>{b}",
    "                  <v>    ee    ee                   <v>                 <v>"],
+  ["<li{optional a} class='b {c}'>{d}</li>",
+   "   <OOOOOOOO_v>          <v>  <v>     "],
+  ["<h{n} id=i>{a}</h{n}><br{a}/>{b}",
+   "  <v>      <v>   <v>    <v>  <v>"],
+  ["<option value=a{b}c?{d 'e f'}{optional s} selected{/optional}>{g}",
+   "               <v>  <v_(ddd)><OOOOOOOO_v>         <OOOOOOOOO> <v>"],
+  ["<p x-y{a}='b {c}' {d}='{e}' f1{/optional}>{g}",
+   "      <v>    <v>  <v>  <v>    <OOOOOOOOO> <v>"],
+  ["<style{a '>'} media='{b}'>p { background: url(/i/{c}.png) }</style>{d}",
+   "      <v_(d)>        <v>                         <v>               <v>"],
+  ["<script{a} src=b{c}>if (a<b) f(`${d}`, '{e}')\n</script>{f}",
+   "       <v>      <v>              <v>    <v>  \n         <v>"],
   ["{optional\n a 'x'}{dynamic\n n,rows}",
    "<OOOOOOOO\n_v_(c)><DDDDDDD\n_n,vvvv>"],
 ];
@@ -104,11 +116,16 @@ for (const [template, expected] of cases) {
   test(JSON.stringify(template), () => assert.equal(tokenize(template), expected));
 }
 
-test("the text around the tags is HTML", () => {
-  const { tokens } = grammar.tokenizeLine("<p class='x {a}'>", textmate.INITIAL);
-  const scopesAt = (index) => tokens.find((token) => token.endIndex > index).scopes;
-  assert.ok(scopesAt(1).includes("entity.name.tag.html"));
-  assert.ok(scopesAt(10).includes("string.quoted.single.html"));
+test("the text around the tags is HTML, with styles and scripts", () => {
+  const line = "<p class='x {a}'><li{a} id=i{b} x-y{c}='z'><style{a}>q{{}}</style><script{a}>let v</script>";
+  const { tokens } = grammar.tokenizeLine(line, textmate.INITIAL);
+  const scopesOf = (word) => tokens.find((token) => line.slice(token.startIndex, token.endIndex) === word)?.scopes ?? [];
+  const scopes = {
+    p: "entity.name.tag.html", "x ": "string.quoted.single.html", li: "entity.name.tag.html", id: "entity.other.attribute-name.html",
+    i: "string.unquoted.html", "x-y": "entity.other.attribute-name.html", z: "string.quoted.single.html",
+    style: "entity.name.tag.html", q: "source.css", script: "entity.name.tag.html", let: "source.js",
+  };
+  for (const [word, scope] of Object.entries(scopes)) assert.ok(scopesOf(word).includes(scope), word);
 });
 
 test("folding markers", () => {
