@@ -1,0 +1,81 @@
+// Runs editor/suite.js in VS Code, which a package brings that serves it to browsers.
+import assert from "node:assert/strict";
+import { execFileSync, spawn } from "node:child_process";
+import { existsSync, mkdtempSync, readFileSync, rmSync } from "node:fs";
+import { mkdir, writeFile } from "node:fs/promises";
+import { tmpdir } from "node:os";
+import path from "node:path";
+import { after, test } from "node:test";
+import { setTimeout as sleep } from "node:timers/promises";
+import { fileURLToPath, pathToFileURL } from "node:url";
+
+const extension = fileURLToPath(new URL("..", import.meta.url));
+const checkout = path.join(extension, "../..");
+const installed = path.join(checkout, "build/vscode");
+const product = path.join(installed, "node_modules/code-server/lib/vscode");
+const npm = (folder, ...packages) =>
+  execFileSync("npm", ["install", "--ignore-scripts", "--omit=dev", "--omit=optional", "--loglevel=error", ...packages], { cwd: folder, stdio: "inherit" });
+
+if (!existsSync(path.join(product, "node_modules"))) {
+  await mkdir(installed, { recursive: true });
+  npm(installed, "--no-save", "--prefix=.", "code-server@4.100.3", "playwright-core@1.56.1");
+  npm(product);
+}
+execFileSync(path.join(checkout, "script/setup/packages"), ["chromium"]);
+const { chromium } = await import(pathToFileURL(path.join(installed, "node_modules/playwright-core/index.mjs")));
+
+const place = mkdtempSync(path.join(tmpdir(), "zorvel-editor-"));
+const workspace = path.join(place, "workspace");
+const files = {
+  "vendor/bin/zorvel": `#!/bin/sh\necho "$*" >> runs\nexec '${checkout}/script/zorvel' "$@"\n`,
+  "sample.json": '{"name": "Ann"}',
+  "templates/pages/page.tpl": '<p title="\u{1F600}é">{user::}</p>\n{include no.tpl}{include parts/part.tpl}\n{rawurlencode\n a',
+  "templates/parts/part.tpl": "",
+  "templates/first.tpl": "Once\n{include second.tpl}",
+  "templates/second.tpl": "{include first.tpl}",
+  "templates/named.tpl": "{nmae}",
+  "templates/typed.tpl": "",
+  "templates/snippets.tpl": "{dynamic rows}\n\n{/dynamic}",
+  "templates/file.tpl": "",
+};
+for (const [name, text] of Object.entries(files)) {
+  await mkdir(path.join(workspace, path.dirname(name)), { recursive: true });
+  await writeFile(path.join(workspace, name), text, { mode: 0o755 });
+}
+
+const server = spawn(
+  process.execPath,
+  [path.join(product, "out/server-main.js"), "--accept-server-license-terms", "--without-connection-token", "--host=127.0.0.1", "--port=0", `--server-data-dir=${place}`],
+  { env: { ...process.env, NODE_OPTIONS: "--experimental-global-webcrypto" } }, // what Node.js has by itself from 20 on
+);
+const heard = (words) => new Promise((resolve) => server.stdout.on("data", (text) => words.test(text) && resolve(words.exec(text)[1])));
+const ended = heard(/(Extension Host Process exited) with code: 0/);
+const origin = `127.0.0.1:${await heard(/agent listening on (\d+)/)}`;
+const browser = await chromium.launch({ executablePath: "/usr/bin/chromium", args: ["--disable-gpu"] });
+after(async () => {
+  await browser.close();
+  server.kill();
+  rmSync(place, { recursive: true, force: true });
+});
+
+const page = await browser.newPage();
+await page.addInitScript(() => {
+  globalThis.told = [];
+  const read = ({ target, addedNodes }) =>
+    target.matches?.(".notification-list-item-message") && told.push(...[...addedNodes].map((node) => node.textContent));
+  new MutationObserver((changes) => changes.forEach(read)).observe(document, { childList: true, subtree: true });
+});
+const payload = {
+  extensionDevelopmentPath: `vscode-remote://${origin}${extension}`,
+  extensionTestsPath: `vscode-remote://${origin}${extension}test/editor/suite.js`,
+};
+await page.goto(`http://${origin}/?${new URLSearchParams({ folder: workspace, payload: JSON.stringify(Object.entries(payload)) })}`);
+await page.getByRole("button", { name: "Trust", exact: true }).click({ timeout: 60_000 });
+const isWhole = await Promise.race([ended, sleep(180_000, false, { ref: false })]);
+const told = await page.evaluate(() => told.filter((text) => text.startsWith("There is no command /nowhere/zorvel ")));
+const results = readFileSync(path.join(workspace, "results"), "utf8").trim().split("\n").map((line) => JSON.parse(line));
+for (const { name, error } of results) {
+  test(name, () => assert.ok(!error, error));
+}
+test("nothing is left out", () => assert.ok(isWhole));
+test("a missing command is told once", () => assert.equal(told.length, 1));
