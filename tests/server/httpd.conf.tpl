@@ -13,13 +13,13 @@ Group {user}{/optional}
 PHPIniDir "{root}/{ini}"
 TypesConfig /etc/mime.types
 
-# More threads than the client has connections. A new process starts beside one that is on its way out.
+# A new process starts beside one that is on its way out.
 StartServers 1
-ServerLimit 4
-ThreadsPerChild 32
-MaxRequestWorkers 128
+ServerLimit {processes}
+ThreadsPerChild {threads}
+MaxRequestWorkers {workers}
 MinSpareThreads 1
-MaxSpareThreads 128
+MaxSpareThreads {workers}
 MaxConnectionsPerChild 0
 MaxKeepAliveRequests 0
 KeepAliveTimeout 60
