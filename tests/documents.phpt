@@ -8,7 +8,7 @@ Every example of the documents gives what the documents say
  * Or it is a row of a table with columns of these names (Template, NAME.tpl, Data, Result, Warning) that begins
  * with a template; an empty first cell repeats the one above.
  */
-const LEAST = ['README.md' => 16, 'docs/language.md' => 98, 'docs/messages.md' => 26, 'docs/coming-from.md' => 11];
+const LEAST = ['README.md' => 16, 'docs/language.md' => 97, 'docs/messages.md' => 26, 'docs/coming-from.md' => 11];
 
 function examples(string $document): Generator
 {

@@ -6,12 +6,6 @@ const TIMEOUT = 30_000
 
 export const freshToken = () => randomBytes(6).toString('hex')
 
-/** Is it over? Yes, so many seconds from now on. */
-export function after(seconds) {
-  const end = performance.now() + 1000 * seconds
-  return () => performance.now() > end
-}
-
 export class Client {
   constructor(port, connections) {
     this.port = port
@@ -57,9 +51,10 @@ export class Client {
     return request.setTimeout(TIMEOUT, () => request.destroy(new Error(`no answer within ${TIMEOUT / 1000} s`)))
   }
 
-  /** Calls STEP on every connection, again and again, until it is OVER. */
-  async load(over, step) {
-    const steps = async () => { while (!over()) await step(this) }
+  /** Calls STEP on every connection, again and again, until it is time. */
+  async load(milliseconds, step) {
+    const end = performance.now() + milliseconds
+    const steps = async () => { while (performance.now() < end) await step(this) }
     await Promise.all(Array.from({ length: this.connections }, steps))
   }
 

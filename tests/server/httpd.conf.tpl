@@ -13,13 +13,13 @@ Group {user}{/optional}
 PHPIniDir "{root}/{ini}"
 TypesConfig /etc/mime.types
 
-# A new process starts beside one that is on its way out.
+# More threads than the client has connections. A new process starts beside one that is on its way out.
 StartServers 1
-ServerLimit {processes}
-ThreadsPerChild {threads}
-MaxRequestWorkers {workers}
+ServerLimit 4
+ThreadsPerChild 32
+MaxRequestWorkers 128
 MinSpareThreads 1
-MaxSpareThreads {workers}
+MaxSpareThreads 128
 MaxConnectionsPerChild 0
 MaxKeepAliveRequests 0
 KeepAliveTimeout 60

@@ -1,18 +1,18 @@
 // The load and its checks: a line for every kind of page and for every check.
 import { setTimeout as sleep } from 'node:timers/promises'
 import { Apache } from './apache.mjs'
-import { after, Client, freshToken } from './client.mjs'
+import { Client, freshToken } from './client.mjs'
 import { CommandLine } from './command-line.mjs'
 import { keepMoving } from './moving.mjs'
 import { count, megabytes, milliseconds, verdict } from './report.mjs'
-import { setStack, THREADS } from './site.mjs'
+import { setStack } from './site.mjs'
 import { deal, learnTargets, pathOf } from './target.mjs'
 
-const CONNECTIONS = 20 // far fewer than Apache has threads: when all are busy, it closes kept connections
-const WARM_UP = { answers: 4000, connections: THREADS - 4 }
+const CONNECTIONS = 24 // fewer than Apache has threads
+const WARM_UP = 5 // seconds, until every thread has had the pages that take most memory
 const HANG_UPS = 0.02 // of all requests
 const STACKS = [128, 256, 512, 2048, 8192].map(kilobytes => kilobytes << 10) // one for each restart
-const GROWTH = 6 << 20 // what two threads take when they have first to do, in bytes
+const GROWTH = 3 << 20 // what the allocators of all threads may still take, in bytes
 const RESIDENT = 250 << 20 // what a page may take that has a memory_limit of 64 MB, in bytes
 const LIMITS = { // what the pages of these names end with
   'a page without an end': 'Maximum execution time of 1 second exceeded',
@@ -20,8 +20,8 @@ const LIMITS = { // what the pages of these names end with
 }
 
 /** Load until nobody is connected any more; tells the errors of connections, and how many clients hung up. */
-async function load(port, targets, over, { connections = CONNECTIONS, meanwhile = async () => {} } = {}) {
-  const client = new Client(port, connections)
+async function load(port, targets, seconds, meanwhile = async () => {}) {
+  const client = new Client(port, CONNECTIONS)
   const deck = deal(targets)
   const lost = []
   let hungUp = 0
@@ -31,7 +31,7 @@ async function load(port, targets, over, { connections = CONNECTIONS, meanwhile 
     ++hungUp
     return client.abandon(target.request(freshToken()))
   }
-  await Promise.all([client.load(over, exchange), meanwhile()])
+  await Promise.all([client.load(seconds * 1000, exchange), meanwhile()])
   client.close()
   await sleep(500)
   return { lost, hungUp }
@@ -39,21 +39,15 @@ async function load(port, targets, over, { connections = CONNECTIONS, meanwhile 
 
 const answers = targets => targets.reduce((sum, { times }) => sum + times.length, 0)
 
-/** Until every thread has had the pages that take most memory. */
-async function warmUp(apache, targets) {
-  const heavy = targets.filter(({ weight }) => weight < 10)
-  const tooLong = after(60)
-  await load(apache.port, heavy, () => answers(heavy) >= WARM_UP.answers || tooLong(), WARM_UP)
-}
-
 async function steady(apache, targets, seconds) {
-  await warmUp(apache, targets)
+  const heavy = targets.filter(({ weight }) => weight < 10)
+  const warmUp = await load(apache.port, heavy, WARM_UP)
   const start = apache.state
-  const first = await load(apache.port, targets, after(seconds / 2))
+  const first = await load(apache.port, targets, seconds / 2)
   const half = apache.state
-  const second = await load(apache.port, targets, after(seconds / 2))
+  const second = await load(apache.port, targets, seconds / 2)
   const end = apache.state
-  const lost = [...first.lost, ...second.lost]
+  const lost = [warmUp, first, second].flatMap(({ lost }) => lost)
   verdict('every request is answered', lost.length === 0,
     lost[0]?.message ?? `${count(answers(targets))}, and ${count(first.hungUp + second.hungUp)} clients hung up`)
   verdict('one process answers them all', `${start.processes}` === `${end.processes}`, `process ${start.processes}, then ${end.processes}`)
@@ -86,7 +80,7 @@ function restarting(apache) {
 /** Apache itself closes kept connections at a restart, each once, and some while a request is on its way to it. */
 async function restarts(apache, targets, lostAlone) {
   const before = answers(targets)
-  const { lost } = await load(apache.port, targets, after(5), { meanwhile: restarting(apache) })
+  const { lost } = await load(apache.port, targets, 5, restarting(apache))
   const torn = lost.find(({ unanswered }) => !unanswered)
   const good = !torn && lost.length <= STACKS.length * CONNECTIONS
   verdict(`${STACKS.length} graceful restarts, stacks of 128 KB to 8 MB`, good,
@@ -103,7 +97,7 @@ async function processesLeft(apache) {
 /** The connections that are lost when Apache restarts without the extension. */
 async function control(targets) {
   const apache = await Apache.start('without')
-  const { lost } = await load(apache.port, targets, after(5), { meanwhile: restarting(apache) })
+  const { lost } = await load(apache.port, targets, 5, restarting(apache))
   await apache.stop()
   return lost
 }

@@ -3,9 +3,6 @@ import { execFileSync } from 'node:child_process'
 import { chmodSync, mkdirSync, rmSync, writeFileSync } from 'node:fs'
 import { resolve } from 'node:path'
 
-export const THREADS = 32 // of a process
-const PROCESSES = 16 // at most: one serves, the others are on their way out
-
 export const root = resolve('build/server')
 const tests = resolve('tests/server')
 export const templates = `${root}/templates`
@@ -44,9 +41,7 @@ function fill(template, data) {
 
 /** Writes Apache's configuration; INI is a folder, 'with' the extension or 'without'. */
 export function configure(port, ini) {
-  writeFileSync(`${root}/httpd.conf`, fill('httpd.conf.tpl', {
-    root, ini, port, user, modules, hosts, threads: THREADS, processes: PROCESSES, workers: PROCESSES * THREADS,
-  }))
+  writeFileSync(`${root}/httpd.conf`, fill('httpd.conf.tpl', { root, ini, port, user, modules, hosts }))
   setStack(1 << 20)
 }
 

@@ -10,17 +10,16 @@ final readonly class Recipe
     /** @param array<string, string> $blocks what the fences hold, by the second word behind them */
     private function __construct(private array $blocks) {}
 
-    /** @return array<string, self> by heading */
+    /** @return array<string, self> by heading, those with something to run */
     public static function all(string $document): array
     {
         $recipes = [];
-        $sections = array_slice(preg_split('/^## /m', $document) ?: [], 1);
-        foreach (array_filter($sections, static fn(string $section): bool => !str_contains($section, "\n\nNot tried.")) as $section) {
+        foreach (array_slice(preg_split('/^## /m', $document) ?: [], 1) as $section) {
             preg_match_all('/^```\w+ (\S+)\n([\s\S]*?)^```$/m', $section, $blocks);
             $recipes[(string) strtok($section, "\n")] = new self(array_combine($blocks[1], $blocks[2]));
         }
 
-        return $recipes;
+        return array_filter($recipes, static fn(self $recipe): bool => $recipe->blocks !== []);
     }
 
     /** @return array<string, string> text by name */
