@@ -35,6 +35,24 @@ const char render[] = R"php(
     set_error_handler(function ($level, $message) { echo $message, ' '; });
     ini_set('include_path', sys_get_temp_dir() . '/zorvel-threads');
     echo zorvel('main', ['rows' => $rows, 'text' => []]), zorvel('{/dynamic}', [], true) ?? 'null';
+
+    enum Level: string { case Low = 'l'; }
+    final class Cycle
+    {
+        private $self;
+        public function __construct(private array $rows) { $this->self = $this; }
+        public function __toString(): string
+        {
+            new Cycle($this->rows);
+            Fiber::suspend();
+            return gc_collect_cycles() > 0 ? 'c' : '';
+        }
+    }
+    $template = '{dynamic n,levels}{dynamic n::*}{[*]}={*} {/dynamic}{/dynamic}{dynamic rows}{*}{*::x cycle}{/dynamic}';
+    $data = ['levels' => [['num' => Level::Low]], 'rows' => $rows, 'cycle' => new Cycle($rows)];
+    $fiber = new Fiber(fn () => zorvel($template, $data, true));
+    for ($fiber->start(); !$fiber->isTerminated(); $fiber->resume());
+    echo $fiber->getReturn();
 )php";
 
 void serve(HashTable* rows, std::chrono::steady_clock::time_point end)
@@ -47,7 +65,7 @@ void serve(HashTable* rows, std::chrono::steady_clock::time_point end)
         Z_TYPE_FLAGS(value) = 0;
         zend_hash_str_update(&EG(symbol_table), ZEND_STRL("rows"), &value);
         EXPECT_EQ(embed::run(render), "Array to string conversion 0,1<0><1><2>Array,2,"
-                                      "Unexpected closing dynamic tag in {/dynamic} null");
+                                      "Unexpected closing dynamic tag in {/dynamic} nullname=Low value=l 0c1c2c");
     } while (std::chrono::steady_clock::now() < end);
 }
 
