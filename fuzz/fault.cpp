@@ -137,7 +137,12 @@ struct Fault {
     bool lasts;
     Judge judge; ///< null: it bails out
 
-    void plan(std::int64_t number) const { faults::plan(kind, act, number, lasts ? everAfter : number); }
+    /// @param number of the operation that fails first, 0: none does
+    void plan(std::int64_t number) const
+    {
+        zend_atomic_bool_store(&EG(vm_interrupt), kind == Kind::Interrupt);
+        faults::plan(kind, act, number, lasts && number > 0 ? everAfter : number);
+    }
 };
 
 void throwBadAlloc()
@@ -163,7 +168,7 @@ const Fault memoryFaults[] = {
     {"the engine has no memory", Kind::EngineAllocation, bailOut, false, nullptr},
 };
 
-const Fault streamFaults[] = {
+const Fault otherFaults[] = {
     {"a file cannot be opened", Kind::OpenFile, nullptr, false, endsSomehow},
     {"a file throws when it is opened", Kind::OpenFile, throwException, false, throws},
     {"a read fails once", Kind::ReadFile, nullptr, false, isUnmoved},
@@ -171,7 +176,16 @@ const Fault streamFaults[] = {
     {"a read throws", Kind::ReadFile, throwException, false, throws},
     {"a file cannot be closed", Kind::CloseFile, nullptr, false, isUnmoved},
     {"a file throws when it is closed", Kind::CloseFile, throwException, false, throws},
+    {"a signal's handler throws", Kind::Interrupt, throwException, false, throws},
+    {"a signal's handler ends the request", Kind::Interrupt, bailOut, false, nullptr},
 };
+
+/// Asks for the next one as well: the extension lets the engine in wherever it can.
+void interrupt(zend_execute_data*)
+{
+    zend_atomic_bool_store(&EG(vm_interrupt), true);
+    faults::reach(Kind::Interrupt);
+}
 
 Case controlCase(bool inMemory)
 {
@@ -205,7 +219,7 @@ Result strike(const Case& example, const Fault& fault, std::int64_t number, cons
 
 void inject(const Case& example, const Fault& fault)
 {
-    faults::plan(fault.kind, nullptr, 0, 0);
+    fault.plan(0);
     const model::Outcome whole = render(example).outcome;
     const std::int64_t count = faults::met();
     for (std::int64_t number = 1; number <= count; ++number)
@@ -275,7 +289,7 @@ void injectActs(const std::string& bytes, bool inMemory)
 /// No memory, while user code takes part in the call.
 void injectUser(const std::string& bytes, bool inMemory, const Fault& fault)
 {
-    faults::plan(fault.kind, nullptr, 0, 0);
+    fault.plan(0);
     strikeUser(bytes, inMemory, "", 0);
     const std::int64_t count = faults::met();
     const auto strikeAt = [&](std::int64_t number) {
@@ -323,6 +337,7 @@ void injectBelowUserCode(const std::vector<std::string>& inputs)
 {
     request.reset();
     fuzz::enterModelWorld();
+    zend_interrupt_function = interrupt;
     renew();
     isFit();
     const auto injectAll = [&](const Fault& fault) {
@@ -332,7 +347,7 @@ void injectBelowUserCode(const std::vector<std::string>& inputs)
         });
     };
     std::for_each(std::begin(memoryFaults), std::end(memoryFaults), injectAll);
-    std::for_each(std::begin(streamFaults), std::end(streamFaults), injectAll);
+    std::for_each(std::begin(otherFaults), std::end(otherFaults), injectAll);
 }
 
 } // namespace

@@ -6,7 +6,7 @@
 namespace faults
 {
 
-enum class Kind { None, New, EngineAllocation, OpenFile, ReadFile, CloseFile };
+enum class Kind { None, New, EngineAllocation, OpenFile, ReadFile, CloseFile, Interrupt };
 
 /// What happens at an operation that is to fail: it may throw, bail out, or return.
 using Act = void (*)();

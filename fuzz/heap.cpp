@@ -2,12 +2,11 @@
 
 #include <cstdlib>
 #include <new>
-#include <string_view>
 
 #include <php.h>
 
-#include "engine/guard.h"
 #include "faults.h"
+#include "observe.h"
 
 namespace heap
 {
@@ -43,17 +42,9 @@ void release(void* block)
 }
 
 /// User code that the extension runs has frames of its own: what fails there is a fatal error of its.
-bool isOnExtensionsFrame()
-{
-    const zend_execute_data* frame = EG(current_execute_data);
-    return frame != nullptr && frame->func != nullptr && frame->func->type == ZEND_INTERNAL_FUNCTION &&
-           frame->func->internal_function.module != nullptr &&
-           std::string_view(frame->func->internal_function.module->name) == "zorvel";
-}
-
 void reachEngine()
 {
-    if (faults::isArmed() && isOnExtensionsFrame())
+    if (faults::isArmed() && fuzz::isExtensions(EG(current_execute_data)))
         faults::reach(faults::Kind::EngineAllocation);
 }
 

@@ -195,11 +195,6 @@ void armedZorvel(zend_execute_data* execute_data, zval* return_value)
     zorvel(execute_data, return_value);
 }
 
-zend_function* findFunction(const char* name)
-{
-    return static_cast<zend_function*>(zend_hash_str_find_ptr(CG(function_table), name, strlen(name)));
-}
-
 /// Ends what an exception of PHP's left.
 /// @return true when there was one
 bool forgetException()
@@ -226,6 +221,17 @@ void enterModelWorld()
     memory_files::registerWrapper();
     zend_interned_strings_switch_storage(true);
     zend_error_cb = collect;
+}
+
+zend_function* findFunction(const char* name)
+{
+    return static_cast<zend_function*>(zend_hash_str_find_ptr(CG(function_table), name, strlen(name)));
+}
+
+bool isExtensions(const zend_execute_data* frame)
+{
+    return frame != nullptr && frame->func != nullptr && frame->func->type == ZEND_INTERNAL_FUNCTION &&
+           frame->func->internal_function.handler == armedZorvel;
 }
 
 zval toPhp(const Value& value)

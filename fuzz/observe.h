@@ -17,6 +17,11 @@ void startPhp(const char* settings = "");
 /// that are collected instead of printed. To be called once, while no request runs.
 void enterModelWorld();
 
+zend_function* findFunction(const char* name);
+
+/// Whether a frame is that of the extension's function.
+bool isExtensions(const zend_execute_data* frame);
+
 /// PHP's value for a model's; the caller's to destroy.
 zval toPhp(const model::Value& value);
 
