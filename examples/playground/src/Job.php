@@ -22,6 +22,7 @@ final class Job
     private const string NAME = '~^\w[\w.-]*(/\w[\w.-]*)*$~D';
     private const int MOST_CALLS = 10;
     private const int NANOSECONDS = 20_000_000;
+    private const int MOST_FINDINGS = 100;
 
     /** @var list<string> */
     private array $files = [];
@@ -104,6 +105,6 @@ final class Job
     {
         $linter = new Linter(new Folders(['.'], ['tpl']), $this->data);
 
-        return $linter->lint(array_map(Template::fromFile(...), $this->files));
+        return array_slice($linter->lint(array_map(Template::fromFile(...), $this->files)), 0, self::MOST_FINDINGS);
     }
 }
