@@ -24,6 +24,13 @@ final class RecipesTest extends TemplatesTestCase
         return array_map(static fn(Recipe $recipe): array => [$recipe], Recipe::all((string) file_get_contents(self::ROOT . '/docs/recipes.md')));
     }
 
+    public function testOnlyThoseThatShowASettingHaveNothingToRun(): void
+    {
+        preg_match_all('/^## (.+)$/m', (string) file_get_contents(self::ROOT . '/docs/recipes.md'), $headings);
+
+        self::assertSame(['Slim', 'Laravel', 'Templates that you do not trust'], array_values(array_diff($headings[1], array_keys(self::recipes()))));
+    }
+
     #[DataProvider('recipes')]
     public function testARecipeGivesWhatTheDocumentSays(Recipe $recipe): void
     {
