@@ -7,14 +7,23 @@ const { lint } = require("./lint.js");
 
 const SECTION = "zorvel.lint";
 
-const settingsFor = (document) => {
+const settingsOf = (document) => {
   const section = vscode.workspace.getConfiguration(SECTION, document);
   return { enabled: section.get("enabled"), command: section.get("command"), options: section.get("options") };
 };
 
+const isTemplate = ({ languageId, uri }) => languageId === "zorvel" && uri.scheme === "file";
+
+const isChecked = (document) => isTemplate(document) && vscode.workspace.isTrusted && settingsOf(document).enabled;
+
 const folderOf = ({ uri }) => vscode.workspace.getWorkspaceFolder(uri)?.uri.fsPath ?? path.dirname(uri.fsPath);
 
-const isTemplate = ({ languageId, uri }) => languageId === "zorvel" && uri.scheme === "file";
+const diagnosticsOf = async (document, signal) => {
+  const folder = folderOf(document);
+  const file = path.relative(folder, document.uri.fsPath);
+  const findings = await lint(file, folder, settingsOf(document), signal);
+  return findings.map((finding) => diagnosticOf(finding, file, document));
+};
 
 const openSettings = () => vscode.commands.executeCommand("workbench.action.openSettings", SECTION);
 
@@ -29,14 +38,19 @@ class Checker {
   #told = new Set();
 
   async check(document) {
-    const settings = settingsFor(document);
-    if (!isTemplate(document) || !vscode.workspace.isTrusted || !settings.enabled) {
+    if (!isChecked(document)) {
       return this.clear(document);
     }
-    const { signal } = this.#startRun(document);
-    const show = await this.#outcome(document, settings, signal);
-    if (!signal.aborted) {
-      show();
+    const signal = this.#startRun(document);
+    try {
+      const diagnostics = await diagnosticsOf(document, signal);
+      if (!signal.aborted) {
+        this.#diagnostics.set(document.uri, diagnostics);
+      }
+    } catch ({ message }) {
+      if (!signal.aborted) {
+        this.#fail(document, message);
+      }
     }
   }
 
@@ -60,19 +74,7 @@ class Checker {
     const run = new AbortController();
     this.#runs.get(String(uri))?.abort();
     this.#runs.set(String(uri), run);
-    return run;
-  }
-
-  /** @returns {Promise<() => void>} what to do unless a later run has begun */
-  async #outcome(document, settings, signal) {
-    const folder = folderOf(document);
-    const file = path.relative(folder, document.uri.fsPath);
-    try {
-      const findings = await lint(file, folder, settings, signal);
-      return () => this.#diagnostics.set(document.uri, findings.map((finding) => diagnosticOf(finding, file, document)));
-    } catch ({ message }) {
-      return () => this.#fail(document, message);
-    }
+    return run.signal;
   }
 
   #fail(document, message) {

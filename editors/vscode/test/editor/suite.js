@@ -2,7 +2,7 @@
 // Runs inside VS Code, in its extension host; editor.test.mjs tells what came out.
 
 const assert = require("node:assert/strict");
-const { appendFileSync, readFileSync } = require("node:fs");
+const { appendFileSync, existsSync, readFileSync, rmSync, writeFileSync } = require("node:fs");
 const { setTimeout: sleep } = require("node:timers/promises");
 const vscode = require("vscode");
 
@@ -61,6 +61,25 @@ const checks = {
     await eventually(() => messages(first), [[0, "templates/second.tpl:1: Include block bad parameter 'first.tpl': circle is detected"]]);
   },
 
+  async "of two runs the later counts"() {
+    const page = await open("templates/pages/page.tpl");
+    const text = page.getText();
+    const held = uriOf("held").fsPath;
+    writeFileSync(uriOf("hold").fsPath, "");
+    await save(page, `${text} `);
+    await eventually(() => existsSync(held), true);
+    await save(page, "mended");
+    await eventually(() => marks(page), []);
+    rmSync(held);
+    const named = await open("templates/named.tpl");
+    await save(named, "{user::}");
+    await eventually(() => marks(named).length, 1);
+    assert.deepEqual(marks(page), []);
+    await save(named, "{nmae}");
+    await save(page, text);
+    await eventually(() => marks(page), pageMarks);
+  },
+
   async "options are handed on"() {
     const named = await open("templates/named.tpl");
     await set("options", ["--data=sample.json"]);
@@ -109,13 +128,15 @@ const checks = {
     await eventually(() => marks(document), [["broken-tag", "Error", "{user::}"]]);
   },
 
-  async "without the command there are no findings"() {
+  async "what cannot be checked has no findings"() {
     const page = await open("templates/pages/page.tpl");
-    await set("command", ["/nowhere/zorvel"]);
-    await eventually(() => marks(page), []);
-    await save(page, page.getText());
-    await set("command", undefined);
-    await eventually(() => marks(page), pageMarks);
+    for (const [name, value] of [["command", ["/nowhere/zorvel"]], ["options", ["--nope"]]]) {
+      await set(name, value);
+      await eventually(() => marks(page), []);
+      await save(page, page.getText());
+      await set(name, undefined);
+      await eventually(() => marks(page), pageMarks);
+    }
   },
 };
 
