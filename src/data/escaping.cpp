@@ -1,7 +1,6 @@
 #include "data/escaping.h"
 
 #include <algorithm>
-#include <strings.h>
 
 // These headers leave the language linkage of their functions to whoever includes them.
 BEGIN_EXTERN_C()
@@ -109,11 +108,16 @@ StringRef escape(const Escaping& escaping, std::string_view text, const char* ch
     return result;
 }
 
+bool isUtf8(std::string_view charset)
+{
+    return zend_binary_strcasecmp(charset.data(), charset.size(), ZEND_STRL("UTF-8")) == 0;
+}
+
 /// True when PHP's function would give the text back, in the charset that nearly everybody has configured.
 bool staysAsItIs(std::string_view text, const Escaping& escaping)
 {
     const auto isKept = [&](unsigned char byte) { return byte > 0 && byte < 0x80 && escaping.keeps[byte]; };
-    return std::all_of(text.begin(), text.end(), isKept) && strcasecmp(php_get_internal_encoding(), "UTF-8") == 0;
+    return std::all_of(text.begin(), text.end(), isKept) && isUtf8(php_get_internal_encoding());
 }
 
 } // namespace
@@ -129,8 +133,8 @@ void appendEscaped(std::string& out, std::string_view text, const Escaping& esca
 void ByteEscaping::append(std::string& out, std::string_view text)
 {
     const auto isUnsafe = [&keeps = escaping_.keeps](char c) { return !keeps[static_cast<unsigned char>(c)]; };
-    const auto* from = text.begin();
-    const auto* unsafe = std::find_if(from, text.end(), isUnsafe);
+    auto from = text.begin();
+    auto unsafe = std::find_if(from, text.end(), isUnsafe);
     while (unsafe != text.end()) {
         out.append(from, unsafe);
         out += answerFor(static_cast<unsigned char>(*unsafe));

@@ -64,21 +64,36 @@ void guarded(Call call)
         throw PendingException{};
 }
 
-/// The same where nothing may be thrown: in destructors, and when the call has ended. A bailout is kept back,
-/// not forgotten: the engine has no current frame after one, which the PHP function sees.
+/// The same where nothing may be thrown: in destructors, and when the call has ended. What goes wrong is kept back for
+/// the next serveInterrupt; after a bailout the engine has no current frame any more, which the PHP function sees, too.
 template <std::invocable Call>
 void guardedNoThrow(Call call) noexcept
 {
-    detail::survives(call);
+    if (!detail::survives(call) || EG(exception) != nullptr)
+        zend_atomic_bool_store_ex(&EG(vm_interrupt), true);
 }
 
-/// Lets the engine in when it asks for it: max_execution_time has struck, or a signal's handler is due. To be called
-/// wherever long work goes on, as the engine itself asks at its jumps and calls.
+namespace detail
+{
+
+inline void actOnInterrupt()
+{
+    if (EG(current_execute_data) == nullptr)
+        throw Bailout{};
+    if (EG(exception) != nullptr)
+        throw PendingException{};
+    guarded([] { zend_fcall_interrupt(EG(current_execute_data)); });
+}
+
+} // namespace detail
+
+/// Lets the engine in when it asks for it: max_execution_time has struck, or a signal's handler is due; and ends a call
+/// in which a destructor has kept something back. To be called wherever long work goes on.
 /// @throws Bailout, PendingException
 inline void serveInterrupt()
 {
     if (zend_atomic_bool_load_ex(&EG(vm_interrupt)))
-        guarded([] { zend_fcall_interrupt(EG(current_execute_data)); });
+        detail::actOnInterrupt();
 }
 
 /// True when the stack is used up but for the engine's reserve, in which it is still safe to fail.

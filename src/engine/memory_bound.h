@@ -11,8 +11,8 @@ namespace zorvel
 class MemoryBound
 {
 public:
-    /// To be called as something grows, with its size by now: from a megabyte on, the engine is asked now and then
-    /// whether so much would fit. The page that is made of it has to fit as well, so that none fails for the question.
+    /// To be called as something grows, with its size by now: the engine is asked now and then whether so much would
+    /// fit. A page has to fit once more when it is finished, so that none fails for the question.
     /// @throws Bailout when it would not: the engine has raised its own fatal error
     void check(std::size_t size)
     {
@@ -28,7 +28,8 @@ private:
         next_ = size + size / 4;
     }
 
-    std::size_t next_ = std::size_t{1} << 20;
+    /// Smaller blocks the engine takes from chunks, which it keeps, and counts, when the block is freed.
+    std::size_t next_ = std::size_t{4} << 20;
 };
 
 } // namespace zorvel

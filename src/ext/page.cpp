@@ -90,29 +90,36 @@ StringRef failureMessageOf(Call call)
     return message;
 }
 
-/// Bad arguments have left an exception of the engine's own, which would keep the warning from error handlers:
-/// it is put aside meanwhile, and for good when the handler bails out, for shutdown functions to run. Not with
-/// zend_exception_save, since autoloading in a handler would restore it.
+bool isExit(const zend_object* exception)
+{
+    return zend_is_unwind_exit(exception) || zend_is_graceful_exit(exception);
+}
+
+/// Bad arguments have left an exception, which would keep the warning from error handlers: it is put aside meanwhile,
+/// and for good when the handler exits or bails out, for shutdown functions to run. Not with zend_exception_save, since
+/// autoloading in a handler would restore it.
 void warn(const StringRef& message)
 {
     zend_object* const pending = std::exchange(EG(exception), nullptr);
     guardedNoThrow([&] { zend_error(E_WARNING, "%s", message.bytes()); });
     if (pending == nullptr || EG(current_execute_data) == nullptr)
         return;
-    if (EG(exception) != nullptr)
-        zend_exception_set_previous(EG(exception), pending);
-    else
+    if (EG(exception) == nullptr)
         EG(exception) = pending;
+    else if (isExit(EG(exception)))
+        guardedNoThrow([pending] { OBJ_RELEASE(pending); });
+    else
+        zend_exception_set_previous(EG(exception), pending);
 }
 
-/// Not after a bailout, and not beside an exception of user code's. What refuses the arguments is the engine's own.
+/// Not after a bailout or an exit, and not beside an exception of user code's; but bad arguments always leave one.
 bool shouldReport(const zend_execute_data* execute_data, bool argumentsAreValid)
 {
     if (EG(current_execute_data) != execute_data)
         return false;
     if (EG(exception) == nullptr)
         return true;
-    return !argumentsAreValid && instanceof_function(EG(exception)->ce, zend_ce_type_error);
+    return !argumentsAreValid && !isExit(EG(exception));
 }
 
 } // namespace

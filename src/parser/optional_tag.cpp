@@ -25,6 +25,7 @@ OptionalMode modeFor(ParamStatus status)
 
 void parseOptionalTag(Template& tpl, BlockList& blocks, PendingText& pending, std::string_view parameter, bool negated)
 {
+    const std::size_t sizeBefore = tpl.input->treeSize + pending->text.size();
     tpl.flushText(blocks, pending);
     const std::size_t space = parameter.find(' ');
     const std::string_view compareText =
@@ -39,6 +40,8 @@ void parseOptionalTag(Template& tpl, BlockList& blocks, PendingText& pending, st
     if (inTree)
         blocks.push_back(std::move(section));
     tpl.parseBlocks(block.children, pending, EndOptional);
+    if (!inTree)
+        tpl.input->treeSize = sizeBefore;
 }
 
 } // namespace zorvel

@@ -113,6 +113,13 @@ const Program programs[] = {
     {"memory_limit while a tree grows",
      "ini_set('memory_limit', '4M'); page(str_repeat('{v}{*}', 99999), ['v' => str_repeat('x', 9999)]);", "fatal"},
 
+    {"hidden sections do not count",
+     "ini_set('memory_limit', '6M'); page(str_repeat('{optional a}<p>x</p>{/optional}', 20000));", ""},
+    {"page nearly as large as memory_limit",
+     "ini_set('memory_limit', '10M'); $d = ['r' => range(1, 700), 'v' => str_repeat('x', 10000)];"
+     "echo strlen(zorvel('{dynamic r}{v}{/dynamic}', $d, true));",
+     "7000000"},
+
     {"array emptied while walked",
      "$a = [new Text(function () use (&$a) { $a = []; }), 'x', 'y'];"
      "page('{dynamic a}{*}{*},{/dynamic}', ['a' => &$a]);",
@@ -142,6 +149,14 @@ const Program programs[] = {
      "}"
      "gc_collect_cycles(); echo N::$dead;",
      "100"},
+    {"destructors that fail when the collector runs at a loop's end",
+     "class Boom { public $self; function __destruct() { throw new Exception('kept'); } }"
+     "$rows = array_map(fn($i) => ['in' => [[$i]]], range(1, 20000));"
+     "$boom = new Boom; $boom->self = $boom; unset($boom);"
+     "while (gc_status()['roots'] < 9000) { $cycle = new stdClass; $cycle->self = $cycle; unset($cycle); }"
+     "$turns = 0; set_error_handler(function () { $GLOBALS['turns']++; });"
+     "page('{dynamic r}{dynamic *::in}x{/dynamic}{*::in}{/dynamic}', ['r' => $rows]); echo $turns < 19999;",
+     "kept1"},
     {"properties unset while walked",
      "$r = new Row; $r->a = new Text(function () use ($r) { unset($r->b); $r->c = null; });"
      "page('{dynamic n,a}{dynamic n::*}{*},{/dynamic}{/dynamic}', ['a' => [['num' => $r]]]);",
@@ -190,6 +205,9 @@ const Program programs[] = {
      "set_error_handler(fn() => throw new Exception('handler'));"
      "try { zorvel([], []); } catch (Exception $e) { echo $e->getMessage(), ' ', $e->getPrevious()::class; }",
      "handler TypeError"},
+    {"bad arguments and a handler that exits", "set_error_handler(fn() => exit('exit')); page([]);", "exit"},
+    {"bad arguments and text that throws",
+     "page(new Text(fn() => throw new TypeError('own')));", "[Error while parsing parameters]own"},
     {"names with NUL bytes",
      "page(\"in://x\\0y\", [], false); page(\"x{include in://y\\0}{include b}\", ['b' => \"\\0in://z\"]);",
      "[Could not open file in://x]nullx"},
