@@ -27,9 +27,6 @@ use Zorvel\Tools\UsageError;
     TEXT)]
 final readonly class LintCommand
 {
-    /** What an include may read while a program serves pages, but not while its templates are checked. */
-    private const array CLOSED = ['data', 'ftp', 'ftps', 'http', 'https', 'php'];
-
     /**
      * @param list<string> $path
      * @param list<string> $includePath
@@ -52,7 +49,7 @@ final readonly class LintCommand
         $folders = new Folders(array_map($this->folderOf(...), [...$path, ...$includePath]), explode(',', $ext));
         $templates = $this->templates($path, $folders);
         $linter = new Linter($folders, $data === null ? null : JsonData::read($data));
-        array_map(stream_wrapper_unregister(...), array_intersect(self::CLOSED, stream_get_wrappers()));
+        Wrappers::close();
         $findings = $linter->lint($templates);
         $format->report()->write($findings, count($templates), $output);
         $isCounted = fn(Finding $finding): bool => $strict || $finding->level === Level::Error;

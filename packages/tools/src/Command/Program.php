@@ -20,7 +20,7 @@ final class Program extends Application
     public function __construct()
     {
         parent::__construct('zorvel', InstalledVersions::getPrettyVersion('zorvel/tools') ?? 'unknown');
-        $this->addCommands([new LintCommand(), new RenderCommand()]);
+        $this->addCommands([new BundleCommand(), new LintCommand(), new RenderCommand()]);
     }
 
     /**
@@ -55,7 +55,7 @@ final class Program extends Application
 
     protected function doRunCommand(Command $command, InputInterface $input, OutputInterface $output): int
     {
-        if (in_array($command->getName(), ['lint', 'render'], true) && !extension_loaded('zorvel')) {
+        if (in_array($command->getName(), ['bundle', 'lint', 'render'], true) && !extension_loaded('zorvel')) {
             throw new UsageError('the extension is not loaded; try php -d extension=zorvel vendor/bin/zorvel');
         }
 
