@@ -7,7 +7,7 @@ ini_set('display_errors', 'stderr');
 
 is_file(__DIR__ . '/vendor/autoload.php') && require __DIR__ . '/vendor/autoload.php';
 spl_autoload_register(static function (string $class): void {
-    foreach (['Zorvel\Bench\\' => '/src/', 'Zorvel\\' => '/../packages/view/src/'] as $prefix => $folder) {
+    foreach (['Zorvel\Bench\\' => '/src/', 'Zorvel\Tools\\' => '/../packages/tools/src/', 'Zorvel\\' => '/../packages/view/src/'] as $prefix => $folder) {
         $file = __DIR__ . $folder . strtr(substr($class, strlen($prefix)), '\\', '/') . '.php';
         str_starts_with($class, $prefix) && is_file($file) && require_once $file;
     }

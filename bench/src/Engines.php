@@ -15,6 +15,8 @@ final class Engines
     private const array CLASSES = [
         'zorvel' => Engine\Zorvel::class,
         'zorvel-string' => Engine\ZorvelString::class,
+        'zorvel-bundle' => Engine\ZorvelBundle::class,
+        'zorvel-view' => Engine\ZorvelView::class,
         'php' => Engine\PlainPhp::class,
         'twig' => Engine\Twig::class,
         'latte' => Engine\Latte::class,
@@ -26,6 +28,8 @@ final class Engines
     public const array LABELS = [
         'zorvel' => 'zorvel',
         'zorvel-string' => 'zorvel, string',
+        'zorvel-bundle' => 'zorvel, bundle',
+        'zorvel-view' => 'view, bundle',
         'php' => 'PHP',
         'twig' => 'Twig',
         'latte' => 'Latte',
@@ -38,7 +42,7 @@ final class Engines
     ];
 
     /** How zorvel can be given a template. */
-    public const array WAYS = ['zorvel', 'zorvel-string'];
+    public const array WAYS = ['zorvel', 'zorvel-string', 'zorvel-bundle', 'zorvel-view'];
 
     /** The engines that have a language of their own; the templates of Plates are PHP. */
     public const array LANGUAGES = ['twig', 'latte', 'smarty', 'mustache'];

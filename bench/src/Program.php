@@ -95,7 +95,7 @@ final readonly class Program
     private function memory(Variant $variant): array
     {
         $memory = [];
-        foreach (array_diff($this->options->engines, ['zorvel-string']) as $engine) {
+        foreach (array_diff($this->options->engines, ['zorvel-string', 'zorvel-bundle', 'zorvel-view']) as $engine) {
             Console::progress("memory: $engine");
             $memory[$engine] = Memory::ofJson($this->child($variant)->run('memory', $engine));
         }

@@ -13,6 +13,8 @@ final class Report
         Each page in a process of its own, all engines in turns in it. Compiled templates are warm, in files and in
         opcache, and none looks whether a template has changed. zorvel keeps nothing between two calls: it reads and
         parses its file each time; "zorvel, string" is given the text, which was read before, and parses it.
+        "zorvel, bundle" takes it from the file of "zorvel bundle", with included files in place, which opcache holds;
+        "view, bundle" is zorvel/view on that file, with all that it does with the data.
         "Heap trimmed": glibc returns memory at once, as it does until a process has freed a large block, which PHP's
         own start may do. "read file" is file_get_contents of the files, "escape only" the escaping of the values.
         "view's data" is what zorvel/view adds: it makes the data of the page into texts.

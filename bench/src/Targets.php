@@ -30,8 +30,8 @@ final readonly class Targets
             self::toPhpIn($this->jit, 'with JIT', 'catalogue-1000', 0.6),
             self::toPhpIn($this->trimmed, 'heap trimmed', 'catalogue-500-escaped', 0.6, 0.5),
             self::toPhpIn($this->trimmed, 'heap trimmed', 'catalogue-500', 0.5, 0.4),
-            $this->toFastest('catalogue-1000-escaped', 'template language', Engines::LANGUAGES, 0.45, 0.3),
-            $this->toFastest('catalogue-1000', 'template language', Engines::LANGUAGES, 0.45, 0.3),
+            $this->toFastest('catalogue-1000-escaped', 'zorvel', 'template language', Engines::LANGUAGES, 0.45, 0.3),
+            $this->toFastest('catalogue-1000', 'zorvel', 'template language', Engines::LANGUAGES, 0.45, 0.3),
             new Target(
                 "view's data for 1,000 rows",
                 'rendering them, all escaped',
@@ -46,10 +46,18 @@ final readonly class Targets
     {
         return [
             $this->toPhp('catalogue-3', 'zorvel-string', 1.8, 1.4),
-            $this->toPhp('small', 'zorvel', 2.0),
-            $this->toPhp('includes', 'zorvel', 5.0),
-            $this->toFastest('small', 'other engine', Engines::OTHERS, 0.8, 0.6),
-            $this->toFastest('includes', 'other engine', Engines::OTHERS, 0.8),
+            ...array_merge(...array_map($this->bundled(...), ['zorvel-bundle', 'zorvel-view'])),
+        ];
+    }
+
+    /** @return list<Target> */
+    private function bundled(string $way): array
+    {
+        return [
+            $this->toPhp('small', $way, 2.0),
+            $this->toPhp('includes', $way, 5.0),
+            $this->toFastest('small', $way, 'other engine', Engines::OTHERS, 0.8, 0.6),
+            $this->toFastest('includes', $way, 'other engine', Engines::OTHERS, 0.8),
         ];
     }
 
@@ -87,9 +95,7 @@ final readonly class Targets
 
     private function toPhp(string $page, string $way, float $atMost, ?float $aim = null): Target
     {
-        $work = Pages::title($page) . ($way === 'zorvel' ? '' : ', ' . Engines::label($way));
-
-        return new Target($work, 'PHP', $this->plain->ratio($page, $way, 'php'), $atMost, $aim);
+        return new Target(self::work($page, $way), 'PHP', $this->plain->ratio($page, $way, 'php'), $atMost, $aim);
     }
 
     private static function toPhpIn(Results $run, string $how, string $page, float $atMost, ?float $aim = null): Target
@@ -98,13 +104,18 @@ final readonly class Targets
     }
 
     /** @param list<string> $engines */
-    private function toFastest(string $page, string $kind, array $engines, float $atMost, ?float $aim = null): Target
+    private function toFastest(string $page, string $way, string $kind, array $engines, float $atMost, ?float $aim = null): Target
     {
         $fastest = ($this->plain->pages[$page] ?? null)?->fastest($engines);
         $against = "fastest $kind" . ($fastest === null ? '' : ' (' . Engines::label($fastest) . ')');
-        $ratio = $fastest === null ? null : $this->plain->ratio($page, 'zorvel', $fastest);
+        $ratio = $fastest === null ? null : $this->plain->ratio($page, $way, $fastest);
 
-        return new Target(Pages::title($page), $against, $ratio, $atMost, $aim);
+        return new Target(self::work($page, $way), $against, $ratio, $atMost, $aim);
+    }
+
+    private static function work(string $page, string $way): string
+    {
+        return Pages::title($page) . ($way === 'zorvel' ? '' : ', ' . Engines::label($way));
     }
 
     private function toReading(string $page, float $atMost, float $aim): Target
