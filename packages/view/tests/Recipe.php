@@ -38,9 +38,15 @@ final readonly class Recipe
         return $this->blocks['program'] ?? null;
     }
 
+    /** What is to be run before the program. */
+    public function command(): string
+    {
+        return $this->blocks['command'] ?? '';
+    }
+
     /** @return array<string, string> what comes of it: pages by name, or the output */
     public function results(): array
     {
-        return array_diff_key($this->blocks, $this->templates(), ['data' => '', 'program' => '']);
+        return array_diff_key($this->blocks, $this->templates(), ['data' => '', 'program' => '', 'command' => '']);
     }
 }

@@ -35,7 +35,7 @@ final class RecipesTest extends TemplatesTestCase
     public function testARecipeGivesWhatTheDocumentSays(Recipe $recipe): void
     {
         $folder = $this->folder($recipe->templates());
-        $results = $recipe->program() === null ? self::pages($recipe, $folder) : ['output' => self::printed($recipe->program(), dirname($folder))];
+        $results = $recipe->program() === null ? self::pages($recipe, $folder) : ['output' => self::printed($recipe->program(), $recipe->command(), dirname($folder))];
 
         self::assertNotSame([], $results);
         self::assertSame(array_map(rtrim(...), $recipe->results()), array_map(rtrim(...), $results));
@@ -59,11 +59,13 @@ final class RecipesTest extends TemplatesTestCase
         return (array) eval($program);
     }
 
-    private static function printed(string $program, string $folder): string
+    private static function printed(string $program, string $command, string $folder): string
     {
         symlink(self::ROOT . '/packages/vendor', "$folder/vendor");
         file_put_contents("$folder/program.php", "<?php\n$program");
         $php = escapeshellarg((string) realpath(self::ROOT . '/script/php'));
+
+        shell_exec("cd $folder\n" . strtr($command, ['vendor/' => "$php vendor/"]));
 
         return (string) shell_exec("cd $folder && $php -r " . escapeshellarg(self::RUN) . ' 2>/dev/null');
     }
