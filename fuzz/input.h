@@ -24,7 +24,7 @@
 ///     o act            an object with a text, in PHP one whose code turns against the call
 ///     p value          an object with that property and others
 ///     l value y value  the same, in PHP a lazy ghost and a lazy proxy
-///     A pairs ]        an ArrayObject
+///     A pairs ]        an object with those properties, in PHP an ArrayObject, which has none
 ///
 /// and null for whatever else. data.php reads the same.
 namespace fuzz

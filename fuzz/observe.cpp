@@ -4,7 +4,6 @@
 #include <cstring>
 #include <utility>
 
-#include <ext/spl/spl_array.h>
 #include <ext/standard/file.h>
 #include <zend_exceptions.h>
 
@@ -119,12 +118,11 @@ zval objectToPhp(const Value& value)
     if (isRow)
         return rowToPhp(value.elements[0].value);
     zval object;
-    object_init_ex(&object, value.text ? textClass : spl_ce_ArrayObject);
+    object_init_ex(&object, value.text ? textClass : zend_standard_class_def);
     if (value.text)
         return object;
-    zval storage = arrayToPhp(value);
-    zend_call_known_instance_method_with_1_params(spl_ce_ArrayObject->constructor, Z_OBJ(object), nullptr, &storage);
-    zval_ptr_dtor(&storage);
+    zval properties = arrayToPhp(value); // numbers among their names, as casts to objects once left them
+    Z_OBJ(object)->properties = Z_ARRVAL(properties);
     return object;
 }
 
