@@ -15,5 +15,5 @@ return new Config()
         'strict_comparison' => true,
     ])
     ->setCacheFile(__DIR__ . '/../build/php-cs-fixer.cache')
-    ->setFinder(Finder::create()->in([__DIR__, __DIR__ . '/../bench', __DIR__ . '/../examples', __DIR__ . '/../tests/server'])
+    ->setFinder(Finder::create()->in([__DIR__, __DIR__ . '/../bench', __DIR__ . '/../examples', __DIR__ . '/../server'])
         ->exclude(['vendor', 'templates', 'measure/php'])->append([__FILE__]));

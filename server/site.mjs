@@ -4,22 +4,22 @@ import { chmodSync, mkdirSync, rmSync, writeFileSync } from 'node:fs'
 import { resolve } from 'node:path'
 
 export const root = resolve('build/server')
-const tests = resolve('tests/server')
+const here = resolve('server')
 export const templates = `${root}/templates`
 const extension = resolve('modules/php_zorvel.so')
 
-const pages = (settings = {}) => ({ folder: `${tests}/pages`, settings })
+const pages = (settings = {}) => ({ folder: `${here}/pages`, settings })
 export const pageHosts = {
   plain: pages(),
   latin: pages({ default_charset: 'ISO-8859-1' }),
-  other: pages({ include_path: `${tests}/other:${templates}` }),
+  other: pages({ include_path: `${here}/other:${templates}` }),
   small: pages({ memory_limit: '6M' }),
-  fenced: pages({ open_basedir: `${tests}/pages:${tests}/templates:${templates}` }),
+  fenced: pages({ open_basedir: `${here}/pages:${here}/templates:${templates}` }),
 }
 export const hosts = {
   ...pageHosts,
   shop: { folder: resolve('examples/shop/public'), settings: {} },
-  measure: { folder: `${tests}/measure`, settings: {} },
+  measure: { folder: `${here}/measure`, settings: {} },
 }
 
 const phpConfig = execFileSync('script/setup/php', ['zts'], { encoding: 'utf8' }).trim()
@@ -36,7 +36,7 @@ const modules = {
 
 function fill(template, data) {
   const program = 'echo zorvel($argv[1], json_decode($argv[2], true)) ?? exit(1);'
-  return execFileSync(php, ['-n', '-d', `extension=${extension}`, '-r', program, `${tests}/${template}`, JSON.stringify(data)])
+  return execFileSync(php, ['-n', '-d', `extension=${extension}`, '-r', program, `${here}/${template}`, JSON.stringify(data)])
 }
 
 /** Writes Apache's configuration; INI is a folder, 'with' the extension or 'without'. */
@@ -57,8 +57,8 @@ export function prepare() {
     mkdirSync(`${root}/${folder}`, { recursive: true })
   }
   chmodSync(`${root}/tmp`, 0o777)
-  writeFileSync(`${root}/with/php.ini`, fill('php.ini.tpl', { root, tests, extension }))
-  writeFileSync(`${root}/without/php.ini`, fill('php.ini.tpl', { root, tests }))
+  writeFileSync(`${root}/with/php.ini`, fill('php.ini.tpl', { root, here, extension }))
+  writeFileSync(`${root}/without/php.ini`, fill('php.ini.tpl', { root, here }))
   writeFileSync(`${templates}/long.tpl`, 'All work and no play, says {token}.\n'.repeat(20) + 'Plain text of é and {{braces}}. '.repeat(6200))
   writeFileSync(`${templates}/deep.tpl`, '{!optional a}'.repeat(40_000))
   for (let depth = 1; depth <= 30; ++depth) {

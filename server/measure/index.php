@@ -8,7 +8,7 @@ use Latte\Engine;
 use Twig\Environment;
 use Twig\Loader\FilesystemLoader;
 
-const ROOT = __DIR__ . '/../../..';
+const ROOT = __DIR__ . '/../..';
 
 function composer(string $class): bool
 {
@@ -18,7 +18,7 @@ function composer(string $class): bool
 
 $engines = [
     'zorvel' => function (string $page, array $data): string {
-        set_include_path(ROOT . '/examples/shop/templates:' . ROOT . '/tests/server/templates');
+        set_include_path(ROOT . '/examples/shop/templates:' . ROOT . '/server/templates');
         return zorvel("$page.tpl", $data);
     },
     'php' => function (string $page, array $data): string {
@@ -54,7 +54,7 @@ function catalogue(): array
 
 function table(): array
 {
-    require ROOT . '/tests/server/pages/values.php';
+    require ROOT . '/server/pages/values.php';
     return rows(100, 'a token');
 }
 
