@@ -7,7 +7,7 @@ declare(strict_types=1);
 
 use Zorvel\Playground\Job;
 
-require __DIR__ . '/autoload.php';
+require dirname(__DIR__) . '/autoload.php';
 foreach (glob(__DIR__ . '/{src,../../packages/{view/src{,/*},tools/src{,/Rule,/Template}}}/*.php', GLOB_BRACE) ?: [] as $file) {
     require_once $file;
 }

@@ -7,7 +7,7 @@ declare(strict_types=1);
 use Zorvel\Playground\Recipes;
 use Zorvel\Playground\Sandbox;
 
-require __DIR__ . '/autoload.php';
+require dirname(__DIR__) . '/autoload.php';
 
 const MOST_BYTES = 256 << 10;
 

@@ -53,12 +53,11 @@ function insert(PDO $store, string $table, array $row): void
     $store->prepare("INSERT INTO $table ($columns) VALUES ($marks)")->execute(array_values($row));
 }
 
-/** The rows of a query, without the columns that are null: to a template these are missing. */
 function rows(PDO $store, string $query, string ...$values): array
 {
     $statement = $store->prepare($query);
     $statement->execute($values);
-    return array_map(fn(array $row): array => array_filter($row, fn($value) => $value !== null), $statement->fetchAll());
+    return $statement->fetchAll();
 }
 
 /** The products for which CONDITION holds, each with its price as text: a template does not reckon. */

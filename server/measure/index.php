@@ -46,10 +46,17 @@ function catalogue(): array
 {
     require ROOT . '/examples/shop/store.php';
     $store = open_store();
-    return [
+    return without_null([
         'query' => '', 'searched' => false, 'categories' => categories($store, ''),
         'news' => rows($store, 'SELECT * FROM news'), 'shop' => shop($store),
-    ];
+    ]);
+}
+
+/** To the bare function null counts as found. */
+function without_null(array $data): array
+{
+    $known = array_filter($data, fn($value): bool => $value !== null);
+    return array_map(fn($value) => is_array($value) ? without_null($value) : $value, $known);
 }
 
 function table(): array

@@ -3,22 +3,29 @@
 // The shop's one entry: finds the data of the page asked for and fills its template. Files beside it are the server's.
 declare(strict_types=1);
 
-require __DIR__ . '/../store.php';
+use Zorvel\TemplateError;
+use Zorvel\View;
 
-ini_set('display_errors', '0'); // the warning about a broken template goes to the server's log
-set_include_path(dirname(__DIR__) . '/templates');
+$composer = dirname(__DIR__) . '/vendor/autoload.php'; // where the shop stands by itself
+require is_file($composer) ? $composer : dirname(__DIR__, 2) . '/autoload.php';
+require dirname(__DIR__) . '/store.php';
+
 $store = open_store();
+$view = new View(dirname(__DIR__) . '/templates');
+$view->share(['shop' => shop($store)]);
 [$template, $data] = match (parse_url($_SERVER['REQUEST_URI'], PHP_URL_PATH)) {
     '/' => catalogue($store),
     '/product' => product($store),
     '/guestbook' => guestbook($store),
     default => missing(),
 };
-$page = zorvel($template, $data + ['shop' => shop($store)]);
-if ($page === null) {
+try {
+    echo $view->render($template, $data);
+} catch (TemplateError $error) {
+    error_log($error->getMessage());
     http_response_code(500);
+    echo 'This page is out of order.';
 }
-echo $page ?? 'This page is out of order.';
 
 function catalogue(PDO $store): array
 {
