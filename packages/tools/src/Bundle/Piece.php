@@ -36,8 +36,9 @@ final readonly class Piece
     /** @param string $text without tags: its braces have come in pairs from the start */
     private static function openBrace(string $text): string
     {
-        $isRun = preg_match('/(?:\{+|\}+)$/D', $text, $run) === 1;
+        $last = substr($text, -1);
+        $run = strlen($text) - strlen(rtrim($text, $last));
 
-        return $isRun && strlen($run[0]) % 2 === 1 ? $run[0][0] : '';
+        return ($last === '{' || $last === '}') && $run % 2 === 1 ? $last : '';
     }
 }
