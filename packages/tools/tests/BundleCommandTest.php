@@ -9,12 +9,12 @@ use PHPUnit\Framework\Attributes\DataProvider;
 final class BundleCommandTest extends ToolsTestCase
 {
     private const array FILES = ['t/page.tpl' => "<{include in/part.tpl}>\n{include in/../x}", 't/in/part.tpl' => "it's {include p::q}\r\n", 't/x' => '{x',
-        't/url.tpl' => '{include data:text/plain,{optional x}'];
+        't/url.tpl' => '{include none.tpl}{include data:text/plain,{optional x}'];
 
     /** @return iterable<string, array{string, int, string, string}> */
     public static function calls(): iterable
     {
-        $stay = "in/part.tpl:1: {include p::q} stays\npage.tpl:2: {include in/../x} stays\nurl.tpl:1: {include data:text/plain,{optional x} stays\n";
+        $stay = "in/part.tpl:1: {include p::q} stays\npage.tpl:2: {include in/../x} stays\nurl.tpl:1: {include none.tpl} stays\nurl.tpl:1: {include data:text/plain,{optional x} stays\n";
         yield 'written' => ['t -o new.php', 0, "{$stay}new.php is written.\n", ''];
         yield 'several folders, another extension' => ['u t --ext txt', 0, "bundle.php is written.\n", ''];
         yield 'up to date' => ['t/ -o old.php --check', 0, "old.php is up to date.\n", ''];

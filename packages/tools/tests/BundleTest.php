@@ -111,9 +111,11 @@ final class BundleTest extends ToolsTestCase
 
     public function testTakesTheFirstFolderThatHasAName(): void
     {
-        $this->write(['own/a.tpl' => 'own', 'base/a.tpl' => 'base', 'base/in/page.txt' => '{include a.tpl}{include in/b.css}', 'base/in/b.css' => 'b']);
-        file_put_contents('bundle.php', Bundler::php(new Bundler(['own', 'base'], ['txt'])->texts()));
+        $this->write(['own/a.tpl' => 'own', 'own/z.txt' => '', 'base/a.tpl' => 'base', 'base/in/page.txt' => '{include a.tpl}{include in/b.css}', 'base/in/b.css' => 'b']);
+        $texts = new Bundler(['own', 'base'], ['txt'])->texts();
+        file_put_contents('bundle.php', Bundler::php($texts));
 
+        self::assertSame(['in/page.txt', 'z.txt'], array_column($texts, 'name'));
         self::assertSame('ownb', View::bundled('bundle.php')->render('in/page.txt'));
         self::assertSame('a.tpl: No such template in bundle.php at byte ', self::outcome(View::bundled('bundle.php'), 'a.tpl', []));
     }
@@ -146,11 +148,11 @@ final class BundleTest extends ToolsTestCase
 
     public function testLoadsNothingButWhatAPageTakes(): void
     {
-        $this->write(['page.tpl' => '{x}']);
+        $this->write(['page.tpl' => '{x}', 'other/bundle.php' => '<?php return 0;']);
         $this->bundle('.');
         $program = 'require "' . dirname(__DIR__, 2) . '/vendor/autoload.php"; echo %s->render("page.tpl", ["x" => 1]), ":", implode(" ", preg_grep("/^Zorvel/", get_declared_classes()));';
 
-        self::assertSame([0, '1:Zorvel\View Zorvel\Folders Zorvel\Bundle Zorvel\DataWalk Zorvel\Engine', ''], $this->php(['-r', sprintf($program, 'Zorvel\View::bundled("bundle.php")')]));
+        self::assertSame([0, '1:Zorvel\View Zorvel\Folders Zorvel\Bundle Zorvel\DataWalk Zorvel\Engine', ''], $this->php(['-d', "include_path=$this->folder/other", '-r', sprintf($program, 'Zorvel\View::bundled("bundle.php")')]));
         self::assertSame([0, '1:Zorvel\View Zorvel\Folders Zorvel\DataWalk Zorvel\Engine', ''], $this->php(['-r', sprintf($program, 'new Zorvel\View(".")')]));
     }
 
