@@ -1,7 +1,7 @@
 /// fault [--every N] FILE...: renders inputs of the fuzzer again and again, as text and as a file, and lets something
 /// fail each time: every operator new, every allocation of the engine's, every operation on a stream, and every entry
 /// into user code, one after the other. A call that fails has to tell so once, to leave nothing behind, and to leave
-/// the process fit to render a page. --every 6 lets every sixth of them fail.
+/// the process fit to render a page. --every 8 lets every eighth of them fail.
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
