@@ -20,11 +20,11 @@ final class BundleTest extends ToolsTestCase
 {
     private const array DATA = ['x' => 'X', 'l' => ['1', '2'], 'm' => ['3'], 'p' => ['a' => 'a.tpl', 'page' => 'page.tpl']];
 
-    /** What random templates consist of; bad paths are found in another order when they are found while a loop runs. */
-    private const array BITS = ['{', '{', '}', '}', '{{', '}}', ' ', "\n", "\0", 'a', '{x}', '{bad::}', '{x', '{optional x}', '{/optional}', '{dynamic r,l}',
-        '{dynamic s,m}', '{r::*}', '{/dynamic}', '{include p::a}', '{include p::page}', '{include ./b.tpl}', '{include none.tpl}',
-        ...self::INCLUDES, ...self::INCLUDES, ...self::INCLUDES];
-    private const array INCLUDES = ['{include a.tpl}', '{include b.tpl}', '{include c.tpl}'];
+    /** What random templates consist of. */
+    private const array BITS = ['{', '{', '}', '}', '{{', '}}', ' ', "\n", "\0", 'a', '{x}', '{x}', "{y 'z'}", '{r::*}', '{bad::}', '{x', '{include p::a}',
+        '{include p::page}', '{include ./b.tpl}', '{include none.tpl}'];
+    private const array SECTIONS = [['{optional x}', '{/optional}'], ['{dynamic r,l}', '{/dynamic}'], ['{rdynamic s,m}', '{/rdynamic}'],
+        ['{dynamic r,m}', '{/dynamic}'], ['{optional y}', ''], ['', '{/optional}']];
 
     /** @return iterable<string, array{array<string, string>, 1?: list<string>,}> files, the includes of the page that stay */
     public static function seams(): iterable
@@ -78,9 +78,12 @@ final class BundleTest extends ToolsTestCase
     public function testMakesThePagesOfFoldersByChance(): void
     {
         $random = new Randomizer(new Xoshiro256StarStar(20261123));
-        $text = fn(): string => implode('', array_map(fn(): string => self::BITS[$random->getInt(0, count(self::BITS) - 1)], range(0, $random->getInt(0, 6))));
-        for ($round = 0; $round < 1500; ++$round) {
-            $this->write(['page.tpl' => $text() . $text(), 'a.tpl' => $text(), 'b.tpl' => $text(), 'c.tpl' => $text()]);
+        for ($round = 0; $round < 1000; ++$round) {
+            $bits = self::BITS;
+            foreach (['c.tpl', 'b.tpl', 'a.tpl', 'page.tpl'] as $file) {
+                $this->write([$file => self::text($random, $bits, 0)]);
+                array_push($bits, ...array_fill(0, 8, "{include $file}"));
+            }
             $this->assertSameOutcomes('.', $this->bundle('.'), fn(): array => self::DATA);
         }
     }
@@ -154,6 +157,19 @@ final class BundleTest extends ToolsTestCase
 
         self::assertSame([0, '1:Zorvel\View Zorvel\Folders Zorvel\Bundle Zorvel\DataWalk Zorvel\Engine', ''], $this->php(['-d', "include_path=$this->folder/other", '-r', sprintf($program, 'Zorvel\View::bundled("bundle.php")')]));
         self::assertSame([0, '1:Zorvel\View Zorvel\Folders Zorvel\DataWalk Zorvel\Engine', ''], $this->php(['-r', sprintf($program, 'new Zorvel\View(".")')]));
+    }
+
+    /** @param list<string> $bits */
+    private static function text(Randomizer $random, array $bits, int $depth): string
+    {
+        $text = '';
+        for ($count = $random->getInt(0, 6); $count > 0; --$count) {
+            [$opening, $closing] = self::SECTIONS[$random->getInt(0, count(self::SECTIONS) - 1)];
+            $isSection = $depth < 3 && $random->getInt(0, 4) === 0;
+            $text .= $isSection ? $opening . self::text($random, $bits, $depth + 1) . $closing : $bits[$random->getInt(0, count($bits) - 1)];
+        }
+
+        return $text;
     }
 
     /** @return list<BundledText> */
