@@ -1,11 +1,12 @@
 // Runs editor/suite.js in VS Code, which a package brings that serves it to browsers.
 import assert from "node:assert/strict";
 import { execFileSync, spawn } from "node:child_process";
+import { once } from "node:events";
 import { existsSync, mkdtempSync, readFileSync, rmSync } from "node:fs";
 import { mkdir, writeFile } from "node:fs/promises";
 import { tmpdir } from "node:os";
 import path from "node:path";
-import { after, test } from "node:test";
+import { test } from "node:test";
 import { setTimeout as sleep } from "node:timers/promises";
 import { fileURLToPath, pathToFileURL } from "node:url";
 
@@ -55,31 +56,43 @@ const server = spawn(
   { env: { ...process.env, NODE_OPTIONS: "--experimental-global-webcrypto" } }, // what Node.js has by itself from 20 on
 );
 const heard = (words) => new Promise((resolve) => server.stdout.on("data", (text) => words.test(text) && resolve(words.exec(text)[1])));
-const ended = heard(/(Extension Host Process exited) with code: 0/);
-const origin = `127.0.0.1:${await heard(/agent listening on (\d+)/)}`;
-const browser = await chromium.launch({ executablePath: "/usr/bin/chromium", args: ["--disable-gpu"] });
-after(async () => {
-  await browser.close();
-  server.kill();
-  rmSync(place, { recursive: true, force: true });
-});
+const [listening, ended] = [/agent listening on (\d+)/, /(Extension Host Process exited) with code: 0/].map(heard);
 
-const page = await browser.newPage();
-await page.addInitScript(() => {
+const collectMessages = () => {
   globalThis.told = [];
   const read = ({ target, addedNodes }) =>
     target.matches?.(".notification-list-item-message") && told.push(...[...addedNodes].map((node) => node.textContent));
   new MutationObserver((changes) => changes.forEach(read)).observe(document, { childList: true, subtree: true });
-});
-const payload = {
-  extensionDevelopmentPath: `vscode-remote://${origin}${extension}`,
-  extensionTestsPath: `vscode-remote://${origin}${extension}test/editor/suite.js`,
 };
-await page.goto(`http://${origin}/?${new URLSearchParams({ folder: workspace, payload: JSON.stringify(Object.entries(payload)) })}`);
-await page.getByRole("button", { name: "Trust", exact: true }).click({ timeout: 60_000 });
-const isWhole = await Promise.race([ended, sleep(180_000, false, { ref: false })]);
-const told = await page.evaluate(() => told.filter((text) => text.includes("zorvel")));
-const results = readFileSync(path.join(workspace, "results"), "utf8").trim().split("\n").map((line) => JSON.parse(line));
+
+const addressAt = (origin) => `http://${origin}/?${new URLSearchParams({
+  folder: workspace,
+  payload: JSON.stringify([
+    ["extensionDevelopmentPath", `vscode-remote://${origin}${extension}`],
+    ["extensionTestsPath", `vscode-remote://${origin}${extension}test/editor/suite.js`],
+  ]),
+})}`;
+
+async function runSuite(browser) {
+  const page = await browser.newPage();
+  await page.addInitScript(collectMessages);
+  await page.goto(addressAt(`127.0.0.1:${await listening}`));
+  await page.getByRole("button", { name: "Trust", exact: true }).click({ timeout: 60_000 });
+  const isWhole = await Promise.race([ended, sleep(180_000, false, { ref: false })]);
+  const told = await page.evaluate(() => told.filter((text) => text.includes("zorvel")));
+  const results = readFileSync(path.join(workspace, "results"), "utf8").trim().split("\n").map((line) => JSON.parse(line));
+  return { isWhole, told, results };
+}
+
+async function clear(browser) {
+  await browser.close();
+  server.kill();
+  await once(server, "exit");
+  rmSync(place, { recursive: true });
+}
+
+const browser = await chromium.launch({ executablePath: "/usr/bin/chromium", args: ["--disable-gpu"] });
+const { isWhole, told, results } = await runSuite(browser).finally(() => clear(browser));
 for (const { name, error } of results) {
   test(name, () => assert.ok(!error, error));
 }
