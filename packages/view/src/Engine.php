@@ -26,7 +26,12 @@ final class Engine
     public static function page(string $template, array $data, bool $isText = false): string
     {
         $engine = new self();
-        $page = $engine->call($template, $data, $isText);
+        $engine->previous = set_error_handler($engine);
+        try {
+            $page = zorvel($template, $data, $isText);
+        } finally {
+            restore_error_handler();
+        }
         $failure = $page === null ? array_pop($engine->warnings) : null;
         foreach ($engine->warnings as $warning) {
             trigger_error($warning, E_USER_WARNING);
@@ -35,23 +40,12 @@ final class Engine
         return $page ?? throw new EngineFailure($failure ?? 'No page');
     }
 
-    /** @param array<array-key, mixed> $data */
-    private function call(string $template, array $data, bool $isText): ?string
-    {
-        $this->previous = set_error_handler($this->handle(...));
-        try {
-            return zorvel($template, $data, $isText);
-        } finally {
-            restore_error_handler();
-        }
-    }
-
     /**
      * Keeps the engine's warnings, of which the last tells why there is no page. Every other diagnostic goes to the
      * handler that stood before, which PHP would call whatever error_reporting says; for which levels it was
      * installed PHP tells nobody. Without one, false has PHP treat it.
      */
-    private function handle(int $level, string $message, string $file, int $line): bool
+    public function __invoke(int $level, string $message, string $file, int $line): bool
     {
         if ($level === E_WARNING && $file === __FILE__ && preg_match(self::PHPS_OWN, $message) !== 1) {
             $this->warnings[] = $message;
