@@ -36,7 +36,7 @@ ssize_t read(php_stream* stream, char* buffer, std::size_t size)
         return -1;
     auto* rest = static_cast<Rest*>(stream->abstract);
     const std::size_t left = rest->end - rest->begin;
-    const std::size_t piece = std::min({size, left, 1 + left * 7 % 6});
+    const std::size_t piece = std::min({size, left, 1 + left / 2 % 6});
     std::memcpy(buffer, rest->begin, piece);
     rest->begin += piece;
     stream->eof = piece == 0 || (piece == left && piece % 2 == 0) ? 1 : 0;

@@ -43,7 +43,7 @@ zend_class_entry* addClass(const char* name)
     return zend_register_internal_class(&entry);
 }
 
-/// A property of each sort: $a, a typed one, one that is not initialised, and a private one.
+/// A property of each sort: plain ones, one that is not initialised, and a private one.
 void addRow()
 {
     rowClass = addClass("Row");
