@@ -20,6 +20,8 @@ final readonly class Template
 
     public Nesting $nesting;
 
+    private Places $places;
+
     /**
      * @param string $file the name to show
      * @param bool $isRead false when it could not be
@@ -28,6 +30,7 @@ final readonly class Template
     {
         $this->tags = new TagReader()->read($text);
         $this->nesting = new Nesting($this->tags);
+        $this->places = new Places($text);
     }
 
     public static function fromFile(string $file): self
@@ -44,16 +47,9 @@ final readonly class Template
 
     public function finding(int $offset, Level $level, string $rule, string $message): Finding
     {
-        $before = explode("\n", substr($this->text, 0, $offset));
-        $line = count($before);
+        [$line, $column] = $this->places->at($offset);
 
-        return new Finding($this->file, $line, self::characters($before[$line - 1]) + 1, $level, $rule, self::oneLine($message));
-    }
-
-    /** Of a text that is not UTF-8, about its bytes. */
-    private static function characters(string $text): int
-    {
-        return (int) preg_match_all('/[^\x80-\xBF]/', $text);
+        return new Finding($this->file, $line, $column, $level, $rule, self::oneLine($message));
     }
 
     /** A tag that the message cites may run over several lines, hold any byte, and swallow half a script. */
