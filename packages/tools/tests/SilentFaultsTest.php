@@ -6,6 +6,7 @@ namespace Zorvel\Tools\Tests;
 
 use PHPUnit\Framework\Attributes\DataProvider;
 use Zorvel\Tests\Recipe;
+use Zorvel\Tools\Finding;
 use Zorvel\Tools\Template\Template;
 
 final class SilentFaultsTest extends ToolsTestCase
@@ -50,6 +51,10 @@ final class SilentFaultsTest extends ToolsTestCase
         yield 'commas' => ['{dynamic a ,b}{/dynamic}{rdynamic a,b, c}{/rdynamic}', ['1:1 loop-name-blanks']];
         yield 'compared' => ["{optional a 'x::y'}{/optional}{optional a\tb}{/optional}{optional a  'b'}{/optional}{optional a *}{/optional}",
             ['1:31 compare-blanks', '1:84 compare-path']];
+        yield 'sane conditions' => ["{optional a b and c}{/optional}{optional a 'x > y'}{/optional}{!optional a 'true'}{/optional}{optional op <}{/optional}"
+            . "{optional a it is}{/optional}{optional nothing}{/optional}{optional a -1}{/optional}{optional a 'say \"x\"'}{/optional}", []];
+        yield 'words like keywords' => ["{excludes a}{title e}{national x}{entities y}{escape}{optimal 'x'}", []];
+        yield 'braces of a script' => ['p=`${q.r} ${s}`;x.f({a:{b:1}});{{a:{b:1}}}; {} } {{}}', []];
         yield 'swapped' => ["{optional a}\n{dynamic b}{/optional}{/dynamic}{/optional}", ['2:12 unexpected-closing-tag', '2:33 unexpected-closing-tag']];
         yield 'left open' => ["{dynamic a}\n{optional b}{/dynamic}{optional c}", ['2:13 unexpected-closing-tag', '2:23 unclosed-section']];
         yield 'the other way' => ['{dynamic a}{rdynamic b}{/dynamic}{/dynamic}', ['1:24 unexpected-closing-tag']];
@@ -57,6 +62,46 @@ final class SilentFaultsTest extends ToolsTestCase
             ['1:24 unknown-loop', '1:43 unknown-loop']];
         yield 'a path that is read while a loop runs' => ['{dynamic x}{*::a b::}{/dynamic}', ['1:12 broken-tag']];
         yield 'odd bytes in names' => ['{dynamic r{}{{,a}{r{}{::*}{dynamic r{}{{,b}{/dynamic}{/dynamic}', ['1:27 broken-tag']];
+    }
+
+    /** @return iterable<string, array{string, string}> */
+    public static function faults(): iterable
+    {
+        $faults = [
+            'section-expression' => ['{optional}', '{optional !a}', '{!optional not a}', '{optional a && b}', '{optional a||b}', '{optional a and b}',
+                '{optional a == 1}', '{optional a > 1}', '{optional a>=1}', "{optional a != 'x'}", '{optional a "x y"}', '{optional a False}',
+                "{optional a is 'x'}", "{optional a= 'x'}"],
+            'mistyped-keyword' => ['{escape name}', '{e name}', '{urlencode name}', '{Htmlspecialchars name}', '{!htmlspecialchars name}',
+                '{html_special_chars *::name}', "{addslash name 'x'}", '{includ part.tpl}'],
+            'foreign-syntax' => ['{user.name}', '{user->name}', "{user.name 'x'}", '{htmlspecialchars user.name}', '{optional user.isNew}',
+                '{dynamic row in rows}', '{dynamic rows as row}', '{!name}', '{/name}', '{/!optional}', '{name "you"}', '{# see {name} #}',
+                '{{htmlspecialchars name}}'],
+            'filter-words' => ['{htmlspecialchars(name)}'],
+            'lost-brace' => ['<script>{"a":{"b":{"c":1}}}</script>', '@supports(x){@media y{.a{b:c}}}', 'if(x){if(z){y()}}}', "<a data-json='{\"a\":{\"b\":{\"c\":1}}}'>",
+                '{{a}}{b}}}'],
+            'swallowed-tag' => ['.a{color:{colour}}', '.a{color: {colour}}', 'f({id:{id}})'],
+        ];
+        foreach ($faults as $rule => $templates) {
+            foreach ($templates as $template) {
+                yield "$rule, $template" => [$rule, $template];
+            }
+        }
+    }
+
+    #[DataProvider('faults')]
+    public function testFindsWhatIsMeantOtherwise(string $rule, string $text): void
+    {
+        $findings = $this->findings(null, new Template('page.tpl', $text));
+
+        self::assertContains($rule, array_column($findings, 'rule'));
+    }
+
+    public function testTellsOfQuotesRoundTheNameOfAFileThatIsThere(): void
+    {
+        $this->write(['part.tpl' => '']);
+        $findings = $this->findings(null, new Template('page.tpl', '{include "part.tpl"}{include \'part.tpl\'}{include prat.tpl}'));
+
+        self::assertSame([true, true, false], array_map(fn(Finding $finding): bool => str_contains($finding->message, 'quotes'), $findings));
     }
 
     /** @param list<string> $expected */

@@ -4,6 +4,7 @@ declare(strict_types=1);
 
 namespace Zorvel\Tools\Rule;
 
+use Zorvel\Syntax\Tag;
 use Zorvel\Syntax\TagKind;
 use Zorvel\Tools\Template\Template;
 
@@ -14,23 +15,30 @@ final readonly class ForeignSyntax implements Rule
 
     private const array TAGS = [
         '/^\*[\s*].*(\*|\{.*)$/s' => self::COMMENT,
-        '/^#.*#$/s' => self::COMMENT,
+        '/^#\s|^#.*#$/s' => self::COMMENT,
         '/^%.*%$/s' => 'There is no {%: write {optional path}…{/optional} or {dynamic path}…{/dynamic}',
         '~^(els?e?if|if|unless)\s+[^\s(]|^/(if|unless)$~' => 'There is no {if: write {optional path}…{/optional}, or {!optional path}',
         '/^else$/' => 'There is no {else}: write {!optional path}…{/optional}',
         '~^(foreach|for|while)\s+[^\s(]|^/(foreach|for|while)$|^foreachelse$~' => 'There is no such tag: write {dynamic path}…{/dynamic}',
+        '~^[!/][a-z]\w*$~i' => 'There is no such tag: write {optional path}…{/optional}, {!optional path}…{/optional} or {dynamic path}…{/dynamic}',
+        '~^/!optional~' => 'Both {optional} and {!optional} end with {/optional}',
+        '/^[\w:*]+\s+"[^"]*"$/' => 'A default stands in single quotes: write {path \'default\'}',
         '/^\$[a-z_][^(;=]*$/i' => 'A path has no $ in front, and its keys are separated by "::": write {name} or {user::name}',
         '/^[\w.:*[\]-]+\s*\|\s*[a-z]\w*(:[^|]*)?$/i' => 'A filter comes first: write {htmlspecialchars path}, or work the value out in PHP',
     ];
 
-    /** Braces doubled round a name in blanks, or round the sign of a section: nobody's script has them. */
-    private const string MUSTACHES = '~(?<!\{)\{\{(?:\s+[\w.]+\s*(?:\|[^{}]*)?|[#/^>]\s*[\w./]+[^{}]*)\}\}(?!\})~';
+    /** Keys that are separated in another way; ${a.b} is a script's own. */
+    private const string KEYS = '/^[a-z_]\w*((\.|->)[a-z_]\w*)+$/i';
+
+    /** Braces doubled round a name in blanks, a filter, or the sign of a section: nobody's script has them. */
+    private const string MUSTACHES = '~(?<!\{)\{\{(?:(?:htmlspecialchars|htmlentities|rawurlencode|addslashes)\s[^{}]*'
+        . '|\s+[\w.]+\s*(?:\|[^{}]*)?|[#/^>]\s*[\w./]+[^{}]*)\}\}(?!\})~';
 
     public function check(Template $template): iterable
     {
         foreach ($template->tags as $tag) {
-            $message = array_find(self::TAGS, fn(string $message, string $pattern): bool => preg_match($pattern, $tag->text) === 1);
-            if ($message !== null && $tag->kind === TagKind::Variable) {
+            $message = $this->messageFor($tag, $template);
+            if ($message !== null) {
                 yield $tag->offset => $message;
             }
         }
@@ -38,5 +46,17 @@ final readonly class ForeignSyntax implements Rule
         foreach ($matches[0] as [, $offset]) {
             yield $offset => 'A doubled brace is text: a tag has one brace and no blank behind it';
         }
+    }
+
+    private function messageFor(Tag $tag, Template $template): ?string
+    {
+        $isScript = $tag->offset > 0 && $template->text[$tag->offset - 1] === '$';
+
+        return match (true) {
+            $tag->kind->isLoop() && preg_match('/\S\s+(in|as)\s+\S/', $tag->parameter) === 1 => 'A loop is named before a comma: write {dynamic row,rows}',
+            $tag->kind !== TagKind::Include && !$isScript && preg_grep(self::KEYS, $tag->paths()) !== [] => 'Keys are separated by "::": write {user::name}',
+            $tag->kind !== TagKind::Variable => null,
+            default => array_find(self::TAGS, fn(string $_, string $pattern): bool => preg_match($pattern, $tag->text) === 1),
+        };
     }
 }

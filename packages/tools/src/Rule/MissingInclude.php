@@ -23,9 +23,10 @@ final readonly class MissingInclude extends TagRule
             return null;
         }
         $folders = $this->folders->around($template->file);
+        $advice = strpbrk($name, '"\'') === false
+            ? 'correct the name, or name its folder with --include-path'
+            : 'the quotes are part of the name, write {include name.tpl}';
 
-        return $folders->find($name) === null
-            ? "There is no file $name in " . implode(', ', $folders->paths) . ': correct the name, or name its folder with --include-path'
-            : null;
+        return $folders->find($name) === null ? "There is no file $name in " . implode(', ', $folders->paths) . ": $advice" : null;
     }
 }

@@ -35,12 +35,12 @@ final readonly class SwallowedTag extends TagRule
         if ($within === null) {
             return false;
         }
-        $isQuoted = $tag->text[0] === '"' || in_array($tag->text[$brace - 1], ['"', "'"], true);
+        $isValue = $tag->text[0] === '"' || preg_match('/["\']$|[\w-]:\s*$/', substr($tag->text, 0, $brace)) === 1;
 
         return match (true) {
             $within->kind !== TagKind::Variable => preg_match('/^\s/', substr($within->text, strlen($within->kind->value))) === 1,
             preg_match(self::PATH, $within->text) !== 1 => false,
-            default => $isQuoted || new Path($within->text)->loop !== null || str_contains($within->text, '::'),
+            default => $isValue || new Path($within->text)->loop !== null || str_contains($within->text, '::'),
         };
     }
 
