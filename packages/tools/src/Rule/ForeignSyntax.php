@@ -54,7 +54,7 @@ final readonly class ForeignSyntax implements Rule
 
         return match (true) {
             $tag->kind->isLoop() && preg_match('/\S\s+(in|as)\s+\S/', $tag->parameter) === 1 => 'A loop is named before a comma: write {dynamic row,rows}',
-            $tag->kind !== TagKind::Include && !$isScript && preg_grep(self::KEYS, $tag->paths()) !== [] => 'Keys are separated by "::": write {user::name}',
+            $tag->kind !== TagKind::Include && !$isScript && preg_match(self::KEYS, $tag->paths()[0] ?? '') === 1 => 'Keys are separated by "::": write {user::name}',
             $tag->kind !== TagKind::Variable => null,
             default => array_find(self::TAGS, fn(string $_, string $pattern): bool => preg_match($pattern, $tag->text) === 1),
         };
