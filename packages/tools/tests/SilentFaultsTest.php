@@ -54,7 +54,7 @@ final class SilentFaultsTest extends ToolsTestCase
         yield 'sane conditions' => ["{optional a b and c}{/optional}{optional a 'x > y'}{/optional}{!optional a 'true'}{/optional}{optional op <}{/optional}"
             . "{optional a it is}{/optional}{optional nothing}{/optional}{optional a -1}{/optional}{optional a 'say \"x\"'}{/optional}", []];
         yield 'words like keywords' => ["{excludes a}{title e}{national x}{entities y}{escape}{optimal 'x'}", []];
-        yield 'braces of a script' => ['p=`${q.r} ${s}`;function f(){return this.x};x.f({a:{b:1}});{{a:{b:1}}}; {} } {{}}', []];
+        yield 'braces of a script' => ['p=`${q.r} ${s}`;function f(){return this.x}; ()=>f(){a.b} /* @type {a.b} */x.f({a:{b:1}});{{a:{b:1}}}; {} } {{}}', []];
         yield 'swapped' => ["{optional a}\n{dynamic b}{/optional}{/dynamic}{/optional}", ['2:12 unexpected-closing-tag', '2:33 unexpected-closing-tag']];
         yield 'left open' => ["{dynamic a}\n{optional b}{/dynamic}{optional c}", ['2:13 unexpected-closing-tag', '2:23 unclosed-section']];
         yield 'the other way' => ['{dynamic a}{rdynamic b}{/dynamic}{/dynamic}', ['1:24 unexpected-closing-tag']];

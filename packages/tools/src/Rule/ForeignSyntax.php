@@ -27,8 +27,11 @@ final readonly class ForeignSyntax implements Rule
         '/^[\w.:*[\]-]+\s*\|\s*[a-z]\w*(:[^|]*)?$/i' => 'A filter comes first: write {htmlspecialchars path}, or work the value out in PHP',
     ];
 
-    /** Keys that are separated in another way; ${a.b} is a script's own. */
+    /** Keys that are separated in another way. */
     private const string KEYS = '/^[a-z_]\w*((\.|->)[a-z_]\w*)+$/i';
+
+    /** A script's own: ${a.b}, f(){a.b} and a type in a comment, as in @param {a.b}. */
+    private const string BEFORE_SCRIPT = '/[$)]$|@\w+ $/';
 
     /** Braces doubled round a name in blanks, a filter, or the sign of a section: nobody's script has them. */
     private const string MUSTACHES = '~(?<!\{)\{\{(?:(?:htmlspecialchars|htmlentities|rawurlencode|addslashes)\s[^{}]*'
@@ -50,7 +53,7 @@ final readonly class ForeignSyntax implements Rule
 
     private function messageFor(Tag $tag, Template $template): ?string
     {
-        $isScript = $tag->offset > 0 && $template->text[$tag->offset - 1] === '$';
+        $isScript = preg_match(self::BEFORE_SCRIPT, substr($template->text, max(0, $tag->offset - 20), min(20, $tag->offset))) === 1;
 
         return match (true) {
             $tag->kind->isLoop() && preg_match('/\S\s+(in|as)\s+\S/', $tag->parameter) === 1 => 'A loop is named before a comma: write {dynamic row,rows}',
