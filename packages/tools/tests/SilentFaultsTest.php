@@ -74,7 +74,7 @@ final class SilentFaultsTest extends ToolsTestCase
             'mistyped-keyword' => ['{escape name}', '{e name}', '{urlencode name}', '{Htmlspecialchars name}', '{!htmlspecialchars name}',
                 '{html_special_chars *::name}', "{addslash name 'x'}", '{includ part.tpl}'],
             'foreign-syntax' => ['{user.name}', '{user->name}', "{user.name 'x'}", '{htmlspecialchars user.name}', '{optional user.isNew}',
-                '{dynamic row in rows}', '{dynamic rows as row}', '{!name}', '{/name}', '{/!optional}', '{name "you"}', '{# see {name} #}',
+                '{dynamic row in rows}', '{dynamic rows as row}', '{!name}', '{/name}', '{/!optional}', '{name "you"}', '{name|upper}', '{# see {name} #}',
                 '{{htmlspecialchars name}}'],
             'filter-words' => ['{htmlspecialchars(name)}'],
             'lost-brace' => ['<script>{"a":{"b":{"c":1}}}</script>', '@supports(x){@media y{.a{b:c}}}', 'if(x){if(z){y()}}}', "<a data-json='{\"a\":{\"b\":{\"c\":1}}}'>",
