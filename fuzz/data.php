@@ -183,7 +183,7 @@ final class Data
         foreach ($this->cells as &$cell) {
             $cell = match ($act) {
                 'e' => null,
-                'g' => array_fill(0, 40, $cell),
+                'g' => array_fill(0, 9, $cell), // one more than there is room for
                 default => $cell,
             };
         }
