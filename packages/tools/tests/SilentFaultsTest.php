@@ -23,6 +23,11 @@ final class SilentFaultsTest extends ToolsTestCase
         '<{include missing.tpl}>' => ['missing-include'],
         '{* a title *}' => ['foreign-syntax'],
         "{htmlspecialchars nick 'you'}" => ['filter-words'],
+        '{"a":{"b":{"c":1}}}' => ['lost-brace'],
+        '{escape name}, {Htmlspecialchars name}' => ['mistyped-keyword', 'mistyped-keyword'],
+        '{optional flag false}yes{/optional}' => ['section-expression'],
+        "{optional a != 'x'}yes{/optional}" => ['section-expression'],
+        '{optional a && b}yes{/optional}' => ['section-expression'],
     ];
 
     /** @return iterable<string, array{string, list<string>}> */

@@ -4,6 +4,9 @@ declare(strict_types=1);
 
 namespace Zorvel;
 
+use Error;
+use LogicException;
+
 /** Calls the engine, and throws what it says in place of a page. */
 final class Engine
 {
@@ -29,6 +32,8 @@ final class Engine
         $engine->previous = set_error_handler($engine);
         try {
             $page = zorvel($template, $data, $isText);
+        } catch (Error $error) {
+            throw extension_loaded('zorvel') ? $error : new LogicException('The extension zorvel is not loaded', 0, $error);
         } finally {
             restore_error_handler();
         }
