@@ -156,6 +156,14 @@ final class ViewTest extends TemplatesTestCase
         self::assertSame(['Array', 'Array to string conversion'], [$page, error_get_last()['message'] ?? null]);
     }
 
+    public function testSaysThatTheExtensionIsMissing(): void
+    {
+        $program = 'require $argv[1]; try { new Zorvel\View($argv[2])->render("a.tpl"); } catch (LogicException $e) { echo $e->getMessage(); }';
+        $words = [PHP_BINARY, '-n', '-r', $program, dirname(__DIR__, 3) . '/examples/autoload.php', $this->folder(['a.tpl' => ''])];
+
+        self::assertSame('The extension zorvel is not loaded', shell_exec(implode(' ', array_map(escapeshellarg(...), $words))));
+    }
+
     /** @param Closure(): string $text */
     private static function text(Closure $text): Stringable
     {
