@@ -93,9 +93,9 @@ std::string trimParameter(std::string_view tagText, std::size_t keywordLength)
 
 bool dispatchTag(Template& tpl, BlockList& blocks, PendingText& pending, int expectedClose)
 {
-    std::string text;
-    tpl.reader.readUntil(text, '}');
-    const TagInfo tag = classifyTag(text);
+    tpl.tagText.clear();
+    tpl.reader.readUntil(tpl.tagText, '}');
+    const TagInfo tag = classifyTag(tpl.tagText);
     if (tag.type != EndOptional && tag.type != EndDynamic && tag.type != EndReverseDynamic) {
         buildTag(tpl, blocks, pending, tag);
         return false;

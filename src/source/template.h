@@ -78,6 +78,8 @@ public:
     bool stringMode;
     /// The include chain, this source's name last. In string mode the first is the text itself.
     std::vector<std::string> fileNames;
+    /// The text of the tag that was read last, kept for its memory.
+    std::string tagText;
 };
 
 /// The same from the root of the call's user data.
