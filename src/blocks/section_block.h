@@ -33,7 +33,7 @@ public:
 protected:
     SubBlock(std::int32_t code, const zval* value) : Block(code), data(value) {}
     SubBlock(std::int32_t code, std::string loopName, std::deque<std::string>&& keys)
-        : Block(code), namespaceName(std::move(loopName)), path(std::move(keys)), onlyKey(onlyKeyOf(path))
+        : Block(code), namespaceName(std::move(loopName)), path(std::move(keys))
     {
     }
 };
@@ -46,6 +46,7 @@ public:
     DynamicBlock(std::string name, std::string loopName, std::deque<std::string>&& keys, bool reverse)
         : SubBlock(codeFor(reverse), std::move(loopName), std::move(keys)), declaredNamespace(std::move(name))
     {
+        onlyKey = onlyKeyOf(path);
     }
     /// A loop over an array that was found while parsing.
     DynamicBlock(std::string name, const zval* value, bool reverse)
@@ -83,6 +84,8 @@ public:
           mode(how),
           compareText(std::move(text))
     {
+        if (how == OptionalMode::TestValue)
+            onlyKey = onlyKeyOf(path);
     }
 
     OptionalMode mode;
