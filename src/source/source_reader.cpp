@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <string_view>
 
 #include "engine/guard.h"
 #include "engine/reserve_ahead.h"
@@ -46,6 +47,85 @@ const char* findBrace(const char* from, const char* end)
     return end;
 }
 
+/// The scan of one readUntil, chunk after chunk.
+class Scan
+{
+public:
+    Scan(std::string& out, bool inTag) : out_(out), inTag_(inTag) {}
+
+    /// Scans a chunk from `pos` on, which it moves.
+    /// @return true when it stopped at the start of a tag, or behind the end of one; false at the chunk's end
+    bool run(std::string_view chunk, std::size_t& pos);
+
+    /// A brace that the input ends with is literal.
+    void finish();
+
+private:
+    enum class State { Plain, AfterOpen, AfterClose };
+
+    void takeRun(std::string_view chunk, std::size_t& pos);
+    void takeByteAfterOpen(char byte);
+
+    std::string& out_;
+    const bool inTag_;
+    State state_ = State::Plain;
+};
+
+bool Scan::run(std::string_view chunk, std::size_t& pos)
+{
+    while (pos < chunk.size()) {
+        switch (state_) {
+        case State::Plain:
+            takeRun(chunk, pos);
+            if (inTag_ && state_ == State::AfterClose)
+                return true;
+            break;
+        case State::AfterOpen:
+            if (!inTag_ && chunk[pos] != '{' && !isBlankAfterBrace(chunk[pos]))
+                return true;
+            takeByteAfterOpen(chunk[pos++]);
+            break;
+        case State::AfterClose:
+            out_ += '}';
+            if (chunk[pos] == '}')
+                ++pos;
+            state_ = State::Plain;
+            break;
+        }
+    }
+    return false;
+}
+
+/// Takes the bytes up to the next brace, and the brace.
+void Scan::takeRun(std::string_view chunk, std::size_t& pos)
+{
+    const char* const start = chunk.data() + pos;
+    const char* const end = chunk.data() + chunk.size();
+    const char* const brace = findBrace(start, end);
+    const auto length = static_cast<std::size_t>(brace - start);
+    out_.append(start, length);
+    pos += length;
+    if (brace == end)
+        return;
+    ++pos;
+    state_ = *brace == '{' ? State::AfterOpen : State::AfterClose;
+}
+
+/// The brace was literal: "{{" is one of them, and any other byte follows it unexamined.
+void Scan::takeByteAfterOpen(char byte)
+{
+    out_ += '{';
+    if (byte != '{')
+        out_ += byte;
+    state_ = State::Plain;
+}
+
+void Scan::finish()
+{
+    if (state_ != State::Plain)
+        out_ += state_ == State::AfterOpen ? '{' : '}';
+}
+
 } // namespace
 
 SourceReader::SourceReader(const std::string& source, bool stringMode) : stringMode(stringMode)
@@ -66,10 +146,10 @@ bool SourceReader::atEnd() const
 
 bool SourceReader::readUntil(std::string& out, char delimiter)
 {
-    State state = State::Plain;
-    while (!scan(out, delimiter == '}', state)) {
+    Scan scan(out, delimiter == '}');
+    while (!scan.run({buffer.data(), buffer.size()}, pos)) {
         if (!fill()) {
-            appendLastBrace(out, state);
+            scan.finish();
             return false;
         }
         memory.check(out.size());
@@ -78,68 +158,9 @@ bool SourceReader::readUntil(std::string& out, char delimiter)
     return true;
 }
 
-/// A brace that the input ends with is literal.
-void SourceReader::appendLastBrace(std::string& out, State state)
-{
-    if (state != State::Plain)
-        out += state == State::AfterOpen ? '{' : '}';
-}
-
 void SourceReader::close()
 {
     stream.close();
-}
-
-/// Scans what is left of the buffer.
-/// @return true when it stopped at the start of a tag, or behind the end of one
-bool SourceReader::scan(std::string& out, bool inTag, State& state)
-{
-    while (pos < buffer.size()) {
-        switch (state) {
-        case State::Plain:
-            scanPlain(out, state);
-            if (inTag && state == State::AfterClose)
-                return true;
-            break;
-        case State::AfterOpen:
-            if (!inTag && buffer[pos] != '{' && !isBlankAfterBrace(buffer[pos]))
-                return true;
-            takeByteAfterOpen(out);
-            state = State::Plain;
-            break;
-        case State::AfterClose:
-            out += '}';
-            if (buffer[pos] == '}')
-                ++pos;
-            state = State::Plain;
-            break;
-        }
-    }
-    return false;
-}
-
-/// Takes the run of bytes up to the next brace, and the brace.
-void SourceReader::scanPlain(std::string& out, State& state)
-{
-    const char* const start = buffer.data() + pos;
-    const char* const end = buffer.data() + buffer.size();
-    const char* const brace = findBrace(start, end);
-    const auto length = static_cast<std::size_t>(brace - start);
-    out.append(start, length);
-    pos += length;
-    if (brace == end)
-        return;
-    ++pos;
-    state = *brace == '{' ? State::AfterOpen : State::AfterClose;
-}
-
-/// The brace was literal: "{{" is one of them, and any other byte follows it unexamined.
-void SourceReader::takeByteAfterOpen(std::string& out)
-{
-    out += '{';
-    if (buffer[pos] != '{')
-        out += buffer[pos];
-    ++pos;
 }
 
 bool SourceReader::fill()

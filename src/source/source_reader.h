@@ -46,13 +46,7 @@ public:
     void close();
 
 private:
-    enum class State { Plain, AfterOpen, AfterClose };
-
     bool fill();
-    bool scan(std::string& out, bool inTag, State& state);
-    void scanPlain(std::string& out, State& state);
-    void takeByteAfterOpen(std::string& out);
-    static void appendLastBrace(std::string& out, State state);
 
     const bool stringMode;
     /// String mode only: the text has been scanned to its end.

@@ -62,10 +62,11 @@ void Template::flushText(BlockList& list, PendingText& pending)
 
 std::string Template::render()
 {
-    if (blocks.size() == 1 && blocks.front() != nullptr && blocks.front()->type == Text)
-        return std::move(static_cast<TextBlock&>(*blocks.front()).text);
     std::string out;
-    out.reserve(READ_CHUNK_SIZE);
+    if (!blocks.empty() && blocks.front() != nullptr && blocks.front()->type == Text)
+        out.swap(static_cast<TextBlock&>(*blocks.front()).text);
+    else
+        out.reserve(READ_CHUNK_SIZE);
     renderBlocks(*this, blocks, out, nullptr);
     return out;
 }

@@ -61,8 +61,8 @@ public:
     /// that text and tags keep their order.
     void flushText(BlockList& list, PendingText& pending);
 
-    /// The page. To be called once: a page that parsing has settled to a single text is moved out of its
-    /// block, since copies of large texts cost more in page faults than all parsing.
+    /// The page. To be called once: it begins in the memory of the first text, which is moved out of its block, since
+    /// copies of large texts cost more in page faults than all parsing.
     std::string render();
 
     /// This source's name, the one that messages cite.
