@@ -12,6 +12,8 @@ END_EXTERN_C()
 namespace zorvel
 {
 
+using namespace std::string_view_literals;
+
 namespace
 {
 
@@ -108,26 +110,20 @@ StringRef escape(const Escaping& escaping, std::string_view text, const char* ch
     return result;
 }
 
-bool isUtf8(std::string_view charset)
+/// True when every byte is a character of its own, and no NUL.
+bool isPlainAscii(std::string_view text)
 {
-    return zend_binary_strcasecmp(charset.data(), charset.size(), ZEND_STRL("UTF-8")) == 0;
-}
-
-/// True when PHP's function would give the text back, in the charset that nearly everybody has configured.
-bool staysAsItIs(std::string_view text, const Escaping& escaping)
-{
-    const auto isKept = [&](unsigned char byte) { return byte > 0 && byte < 0x80 && escaping.keeps[byte]; };
-    return std::all_of(text.begin(), text.end(), isKept) && isUtf8(php_get_internal_encoding());
+    return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<signed char>(c) > 0; });
 }
 
 } // namespace
 
-void appendEscaped(std::string& out, std::string_view text, const Escaping& escaping)
+void ByteEscaping::appendConfigured(std::string& out, std::string_view text)
 {
-    if (staysAsItIs(text, escaping))
-        out += text;
+    if (isPlainAscii(text) && php_get_internal_encoding() == "UTF-8"sv)
+        append(out, text);
     else
-        out += escape(escaping, text, nullptr).textUpToNul();
+        out += escape(escaping_, text, nullptr).textUpToNul();
 }
 
 void ByteEscaping::append(std::string& out, std::string_view text)

@@ -38,10 +38,6 @@ const Escaping& escapingOf<Htmlspecialchars>();
 template <>
 const Escaping& escapingOf<Rawurlencode>();
 
-/// Appends a text up to the first NUL byte of its escaped form, escaped in PHP's configured charset.
-/// @throws Bailout when memory_limit is reached, PendingException when an error handler throws
-void appendEscaped(std::string& out, std::string_view text, const Escaping& escaping);
-
 /// A filter's escaping of ISO-8859-1 text. There the escape of each byte stands alone, whatever is beside it: PHP's
 /// function is asked once for each byte, and its answer kept as long as this object.
 class ByteEscaping
@@ -52,6 +48,11 @@ public:
     /// @param text without NUL bytes
     /// @throws Bailout when memory_limit is reached
     void append(std::string& out, std::string_view text);
+
+    /// The same for a text in PHP's configured charset, up to the first NUL byte of its escaped form. In UTF-8, plain
+    /// ASCII has the escapes of ISO-8859-1.
+    /// @throws Bailout when memory_limit is reached, PendingException when an error handler throws
+    void appendConfigured(std::string& out, std::string_view text);
 
 private:
     const std::string& answerFor(unsigned char byte);

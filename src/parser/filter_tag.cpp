@@ -14,10 +14,10 @@ namespace
 {
 
 /// What is known and no string gives nothing.
-void appendKnown(std::string& text, const zval* value, const Escaping& escaping)
+void appendKnown(std::string& text, const zval* value, ByteEscaping& escaping)
 {
     if (Z_TYPE_P(value) == IS_STRING)
-        appendEscaped(text, {Z_STRVAL_P(value), Z_STRLEN_P(value)}, escaping);
+        escaping.appendConfigured(text, {Z_STRVAL_P(value), Z_STRLEN_P(value)});
 }
 
 template <BlockType Code>
@@ -27,7 +27,7 @@ void parseFilterTag(Template& tpl, BlockList& blocks, PendingText& pending, std:
     if (resolved.status == ParamStatus::NotFound)
         return;
     if (resolved.status == ParamStatus::Found)
-        return appendKnown(pending->text, resolved.value, escapingOf<Code>());
+        return appendKnown(pending->text, resolved.value, tpl.input->escapings[Code - Addslashes]);
     tpl.flushText(blocks, pending);
     blocks.push_back(std::make_unique<FilterBlock<Code>>(std::string(resolved.namespaceName), keysOf(resolved),
                                                          resolved.status == ParamStatus::LoopKey));

@@ -136,6 +136,9 @@ void compareWithPhp(const Escaping& escaping)
         std::string escaped;
         byByte.append(escaped, text);
         ASSERT_EQ(escaped, StringRef::adopt(escaping.escape(text, "ISO-8859-1")).textUpToNul()) << pair;
+        std::string configured;
+        byByte.appendConfigured(configured, text);
+        ASSERT_EQ(configured, StringRef::adopt(escaping.escape(text, nullptr)).textUpToNul()) << pair;
     }
 }
 
