@@ -76,7 +76,9 @@ final class DataWalk
      */
     private function ofArray(array $values, int $depth): array
     {
-        self::bound($depth);
+        if ($depth > self::MAX_DEPTH) {
+            throw new Unshowable('is nested too deeply, or stands within itself');
+        }
         $plain = [];
         try {
             foreach ($values as $key => $value) {
@@ -128,16 +130,11 @@ final class DataWalk
 
     private function openedJson(mixed $data, int $depth): mixed
     {
-        self::bound($depth);
-
-        return is_object($data) ? $this->opened($data, $depth) : $data;
-    }
-
-    private static function bound(int $depth): void
-    {
         if ($depth > self::MAX_DEPTH) {
             throw new Unshowable('is nested too deeply, or stands within itself');
         }
+
+        return is_object($data) ? $this->opened($data, $depth) : $data;
     }
 
     /**

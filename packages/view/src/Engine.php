@@ -7,6 +7,10 @@ namespace Zorvel;
 use Error;
 use LogicException;
 
+use function restore_error_handler;
+use function set_error_handler;
+use function zorvel;
+
 /** Calls the engine, and throws what it says in place of a page. */
 final class Engine
 {

@@ -58,11 +58,11 @@ final class View
      */
     public function render(string $template, array $data = []): string
     {
+        $known = $this->shared === [] ? $data : $data + $this->shared;
         if ($this->bundle !== null) {
-            return $this->bundle->page($template, new DataWalk($template)->plain($data + $this->shared));
+            return $this->bundle->page($template, new DataWalk($template)->plain($known));
         }
         $this->folders->find($template);
-        $known = $data + $this->shared;
         if ($this->strict) {
             $known = new DataWalk($template, keepsNull: true)->plain($known);
         }
