@@ -18,7 +18,7 @@ namespace
 constexpr std::size_t blockSize = 400;
 /// A text that is given lives in this many places at once. Room for all, though most is never written, makes glibc keep
 /// at the call's end what else it would return to the system, and fault in again, at each call.
-constexpr std::size_t copiesOfText = 5;
+constexpr std::size_t copiesOfText = 4;
 
 } // namespace
 

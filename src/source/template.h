@@ -21,7 +21,7 @@ class DynamicBlock;
 
 /// What one call was given. Outlives every Template of the call.
 struct TemplateInput {
-    /// The file name as passed, or in string mode the template's text.
+    /// The file name as passed, or in string mode the template's text; the call's first Template takes it over.
     std::string fileName;
     /// The user data: always an array, borrowed from the caller, only read.
     const zval* userData;
