@@ -49,7 +49,7 @@ final class StrictTest extends TemplatesTestCase
         set_error_handler(static fn(): bool => true, E_WARNING);
         $outcomes = [];
         foreach (self::questions() as $name => [$around, $question, $tag]) {
-            $outcomes[$name] = [str_contains($this->pageWith($around, $question, false), 'MISSING'), false];
+            $outcomes[$name] = [preg_match('/MISSING|Array/', $this->pageWith($around, $question, false)) === 1, false];
             try {
                 $this->pageWith($around, $tag, true);
             } catch (TemplateError) {
@@ -74,6 +74,8 @@ final class StrictTest extends TemplatesTestCase
     {
         yield 'variable' => ["\n{user::nme}", 'page.tpl:2: user::nme names nothing, and there is no default'];
         yield 'alternatives' => ['{nope user::nme}', 'page.tpl:1: nope or user::nme names nothing, and there is no default'];
+        yield 'array' => ["\n{name}{user}", 'page.tpl:2: user is no text, but of type array'];
+        yield 'alternatives before an array' => ["{nope user name 'none'}", 'page.tpl:1: user is no text, but of type array'];
         yield 'variable that is no name' => ['p{color:red} a{b:c;d:e} {x}', 'page.tpl:1: x names nothing, and there is no default'];
         yield 'no variable' => ['p{color:red} f(){return(a,b)} {}', null];
         yield 'default' => ["{nope ''}{dynamic rows}{*::only 'none'}{/dynamic}", null];
@@ -85,6 +87,8 @@ final class StrictTest extends TemplatesTestCase
         yield 'number handed over as it is' => ['{htmlspecialchars raw::n}', 'page.tpl:1: raw::n is no text, but of type int'];
         yield 'data handed over as it is' => ['{optional raw::n 5x}shown{/optional}', null];
         yield 'loop' => ['{dynamic row}{/dynamic}', 'page.tpl:1: row names nothing that can be repeated'];
+        yield 'loop over a text' => ['{dynamic user::name}{/dynamic}', 'page.tpl:1: user::name is no array, but of type string'];
+        yield 'loop over an element that is a text' => ['{dynamic r,rows}{dynamic r::*::name}{/dynamic}{/dynamic}', 'page.tpl:1: r::*::name is no array, but of type string'];
         yield 'loop over nothing' => ['{dynamic empty}{nope}{/dynamic}', null];
         yield 'loop of another name' => ['{dynamic row,rows}{rows::*::name}{/dynamic}', 'page.tpl:1: rows::*::name names nothing, and there is no default'];
         yield 'include' => ["\n\n{include missing.tpl}", 'page.tpl:3: There is no file missing.tpl'];
@@ -99,11 +103,13 @@ final class StrictTest extends TemplatesTestCase
     {
         $folder = $this->folder(['page.tpl' => $template, 'part.tpl' => "\n{include missing.tpl}"]);
         $data = self::DATA + ['none' => null, 'raw' => new Raw(['n' => 5])];
+        set_error_handler(static fn(int $level, string $what): bool => $what === 'Array to string conversion', E_WARNING);
         if ($message === null) {
             self::assertSame($this->page($template, $data), $this->page($template, $data, strict: true));
         } else {
             self::assertSame($message, self::failure(new View($folder, strict: true), 'page.tpl', $data)->getMessage());
         }
+        restore_error_handler();
     }
 
     public function testLoadsNothingForStrictnessWithoutIt(): void

@@ -83,9 +83,18 @@ final class Check
 
     private function variable(Tag $tag, Scope $scope): void
     {
-        $isNothing = array_all($tag->paths(), static fn(string $path): bool => $scope->find(new Path($path)) === null);
-        if ($isNothing && !$tag->hasDefault() && self::isMeant($tag)) {
+        $path = array_find($tag->paths(), static fn(string $path): bool => $scope->find(new Path($path)) !== null);
+        if ($path !== null) {
+            $this->refuseArray($tag, $path, $scope->find(new Path($path))?->value);
+        } elseif (!$tag->hasDefault() && self::isMeant($tag)) {
             $this->report($tag, implode(' or ', $tag->paths()) . ' names nothing, and there is no default');
+        }
+    }
+
+    private function refuseArray(Tag $tag, string $path, mixed $value): void
+    {
+        if (is_array($value)) {
+            $this->report($tag, "$path is no text, but of type array");
         }
     }
 
@@ -119,6 +128,8 @@ final class Check
         $found = $scope->find(new Path($path));
         if ($found === null) {
             $this->report($node->tag, "$path names nothing that can be repeated");
+        } elseif (is_scalar($found->repeated())) {
+            $this->report($node->tag, "$path is no array, but of type " . get_debug_type($found->repeated()));
         }
         foreach ($found?->elements() ?? [] as $key => $element) {
             $loop = new Loop($node->tag->loopName(), (string) $key, new Found($element));

@@ -26,16 +26,18 @@ final readonly class Found
         return array_reduce($keys, static fn(?self $found, string $key): ?self => $found?->at($key), $this);
     }
 
-    /**
-     * What a loop over it repeats.
-     *
-     * @return array<array-key, mixed>
-     */
+    /** What a loop over it goes through. */
+    public function repeated(): mixed
+    {
+        return ($this->at('num') ?? $this)->value;
+    }
+
+    /** @return array<array-key, mixed> */
     public function elements(): array
     {
-        $elements = ($this->at('num') ?? $this)->value;
+        $repeated = $this->repeated();
 
-        return is_array($elements) ? $elements : [];
+        return is_array($repeated) ? $repeated : [];
     }
 
     /** What an optional section without a text to compare with asks. */
