@@ -1,37 +1,23 @@
 /// Renders each input as text and as a file, and compares what is seen with what the model says.
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <optional>
 #include <string>
 
-#include "embed.h"
 #include "heap.h"
 #include "input.h"
 #include "memory_files.h"
 #include "model.h"
 #include "observe.h"
+#include "target.h"
 
 namespace
 {
 
-constexpr int mostInputs = 2000; // in one request
-
-std::optional<embed::Request> request;
-int inputs = 0;
-
-void endRequest()
-{
-    request.reset();
-    embed::stop();
-}
-
 void renew()
 {
-    request.reset();
-    request.emplace();
+    fuzz::request.reset();
+    fuzz::request.emplace();
     memory_files::switchOffPlainFiles();
-    inputs = 0;
 }
 
 std::string told(const model::Outcome& outcome)
@@ -65,6 +51,13 @@ std::string check(const std::string& bytes)
     return wrong.empty() ? compare(input, data, false) : wrong;
 }
 
+std::string checkForLeaks(const std::string& bytes)
+{
+    std::string wrong;
+    const bool leaks = heap::leaks([&] { wrong = check(bytes); });
+    return leaks && wrong.empty() ? "it leaks" : wrong;
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerInitialize(int*, char***)
@@ -72,21 +65,10 @@ extern "C" int LLVMFuzzerInitialize(int*, char***)
     fuzz::startPhp("include_path=");
     fuzz::enterModelWorld();
     renew();
-    return std::atexit(endRequest);
+    return fuzz::endAtExit();
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
 {
-    const std::string input(reinterpret_cast<const char*>(bytes), size);
-    if (!fuzz::isSmall(input))
-        return 0;
-    if (++inputs > mostInputs)
-        renew();
-    std::string wrong;
-    if (heap::leaks([&] { wrong = check(input); }) && wrong.empty())
-        wrong = "it leaks";
-    if (wrong.empty())
-        return 0;
-    std::fprintf(stderr, "%s\nfor the input:\n%s\n", wrong.c_str(), input.c_str());
-    std::abort();
+    return fuzz::tryInput(bytes, size, renew, checkForLeaks);
 }

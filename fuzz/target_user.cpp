@@ -1,8 +1,6 @@
 /// Renders each input in user.php, where data is of PHP's own making and its code turns against the call. The program
 /// is compiled once per request, and a request ends when an input has spoilt it.
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <optional>
 #include <string>
 
@@ -12,28 +10,17 @@
 #include "heap.h"
 #include "input.h"
 #include "observe.h"
+#include "target.h"
 
 namespace
 {
 
-constexpr int mostInputs = 2000; // in one request
-
-std::optional<embed::Request> request;
-int inputs = 0;
-
-void endRequest()
-{
-    request.reset();
-    embed::stop();
-}
-
 void renew()
 {
     zend_clear_exception();
-    request.reset();
-    request.emplace();
+    fuzz::request.reset();
+    fuzz::request.emplace();
     embed::run("require '" ZORVEL_FUZZ_FOLDER "/user.php';");
-    inputs = 0;
 }
 
 /// @return what is wrong; nothing when the request has to end, too
@@ -73,19 +60,10 @@ extern "C" int LLVMFuzzerInitialize(int*, char***)
 {
     fuzz::startPhp("allow_url_fopen=1\ndisplay_errors=0");
     renew();
-    return std::atexit(endRequest);
+    return fuzz::endAtExit();
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
 {
-    const std::string input(reinterpret_cast<const char*>(bytes), size);
-    if (!fuzz::isSmall(input))
-        return 0;
-    if (++inputs > mostInputs)
-        renew();
-    const std::string wrong = checkForLeaks(input);
-    if (wrong.empty())
-        return 0;
-    std::fprintf(stderr, "%s\nfor the input:\n%s\n", wrong.c_str(), input.c_str());
-    std::abort();
+    return fuzz::tryInput(bytes, size, renew, checkForLeaks);
 }
