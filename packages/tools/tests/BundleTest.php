@@ -144,9 +144,21 @@ final class BundleTest extends ToolsTestCase
         $outcomes = array_map(fn(View $view): string => self::outcome($view, 'page.tpl', self::DATA), [...$views, View::bundled('bundle.php', 'other')]);
         $error = "a.tpl:2: Bad formated parameter'bad::': too many : at byte 1";
 
-        self::assertSame([$error, '<A', 'page.tpl: An include has stayed in the bundle: give the folders as well at byte ', $error], $outcomes);
-        $this->expectExceptionObject(new InvalidArgumentException('No such bundle: none.php'));
-        View::bundled('none.php');
+        self::assertSame([$error, '<A', 'page.tpl:1: An include has stayed in the bundle: give the folders as well at byte 1', $error], $outcomes);
+    }
+
+    public function testTakesNothingButABundle(): void
+    {
+        $this->write(['none.php' => '<?php return 5;']);
+        $refusals = array_map(static function (string $file): string {
+            try {
+                return View::bundled($file)::class;
+            } catch (InvalidArgumentException $refusal) {
+                return $refusal->getMessage();
+            }
+        }, ['missing.php', 'none.php']);
+
+        self::assertSame(['No such bundle: missing.php', 'No bundle: none.php'], $refusals);
     }
 
     public function testLoadsNothingButWhatAPageTakes(): void

@@ -7,6 +7,10 @@ namespace Zorvel;
 use Closure;
 use InvalidArgumentException;
 use Zorvel\Syntax\BundledFault;
+use Zorvel\Syntax\Pieces;
+use Zorvel\Syntax\Tag;
+use Zorvel\Syntax\TagKind;
+use Zorvel\Syntax\TagReader;
 
 /**
  * Templates in the PHP file that `zorvel bundle` has made: by name the text, in which included files stand in place.
@@ -27,8 +31,9 @@ final readonly class Bundle
     public function __construct(private string $file, private ?Folders $folders)
     {
         is_file($file) || throw new InvalidArgumentException("No such bundle: $file");
-        /** @var array<string, Entry> $entries */
         $entries = require realpath($file) ?: $file;
+        is_array($entries) || throw new InvalidArgumentException("No bundle: $file");
+        /** @var array<string, Entry> $entries */
         $this->entries = $entries;
     }
 
@@ -45,12 +50,12 @@ final readonly class Bundle
         $text = $entry['text'];
         try {
             return $entry['includes']
-                ? $this->searched(static fn(): string => Engine::page($text, $data, true), $template)
+                ? $this->searched(static fn(): string => Engine::page($text, $data, true), $entry)
                 : Engine::page($text, $data, true);
         } catch (EngineFailure $failure) {
             $fault = new BundledFault($failure->getMessage(), $text);
             throw $fault->inText($entry['pieces']) ?? ($entry['includes']
-                ? $this->searched(static fn(): TemplateError => $fault->inFiles($template, $data), $template)
+                ? $this->searched(static fn(): TemplateError => $fault->inFiles($template, $data), $entry)
                 : $fault->inNoTag($template));
         }
     }
@@ -71,14 +76,22 @@ final readonly class Bundle
     /**
      * @template T
      * @param Closure(): T $call
+     * @param Entry $entry
      * @return T
      * @throws EngineFailure of the call
      * @throws TemplateError
      */
-    private function searched(Closure $call, string $template): mixed
+    private function searched(Closure $call, array $entry): mixed
     {
-        return $this->folders === null
-            ? throw new TemplateError($template, 'An include has stayed in the bundle: give the folders as well')
-            : $this->folders->searched($call);
+        return $this->folders === null ? throw self::stayed($entry) : $this->folders->searched($call);
+    }
+
+    /** @param Entry $entry */
+    private static function stayed(array $entry): TemplateError
+    {
+        $tags = new TagReader()->read($entry['text']);
+        $includes = array_values(array_filter($tags, static fn(Tag $tag): bool => $tag->kind === TagKind::Include));
+
+        return new Pieces($entry['text'], $entry['pieces'])->error($includes[0], 'An include has stayed in the bundle: give the folders as well');
     }
 }

@@ -91,8 +91,10 @@ final class DataWalk
                     $plain[$key] = (string) $value;
                 } elseif (is_array($value)) {
                     $plain[$key] = $this->ofArray($value, $depth + 1);
-                } elseif ($value !== null || $this->keepsNull || array_is_list($values)) {
+                } elseif ($value !== null || array_is_list($values)) {
                     $plain[$key] = $this->ofRare($value);
+                } elseif ($this->keepsNull) {
+                    $plain[$key] = null;
                 }
             }
         } catch (Unshowable $unshowable) {
@@ -106,7 +108,7 @@ final class DataWalk
     {
         return match (true) {
             is_float($value) => (string) ($value + 0.0),
-            $value === null => $this->keepsNull ? null : '',
+            $value === null => '',
             $value instanceof Raw => $this->keepsNull ? $value : $value->data,
             default => throw new Unshowable('is a resource'),
         };

@@ -14,8 +14,9 @@ use function zorvel;
 /** Calls the engine, and throws what it says in place of a page. */
 final class Engine
 {
-    /** PHP's own warnings that arise in the call; whatever else arises there is the engine's. */
-    private const string PHPS_OWN = '/^(Array to string conversion$|zorvel\()/';
+    // PHP's own warnings that arise in the call; whatever else arises there is the engine's.
+    private const string ARRAY = 'Array to string conversion';
+    private const string ARGUMENTS = 'zorvel(';
 
     /** @var list<string> */
     private array $warnings = [];
@@ -23,16 +24,17 @@ final class Engine
     /** @var ?callable the error handler that stood before the call */
     private mixed $previous = null;
 
-    private function __construct() {}
+    private function __construct(private readonly bool $ignoresArrays) {}
 
     /**
      * @param string $template the name of a file, which is looked for along include_path, or the text itself
      * @param array<array-key, mixed> $data
+     * @param bool $ignoresArrays whether PHP's warning about an array in place of a text is kept from everyone
      * @throws EngineFailure
      */
-    public static function page(string $template, array $data, bool $isText = false): string
+    public static function page(string $template, array $data, bool $isText = false, bool $ignoresArrays = false): string
     {
-        $engine = new self();
+        $engine = new self($ignoresArrays);
         $engine->previous = set_error_handler($engine);
         try {
             $page = zorvel($template, $data, $isText);
@@ -56,12 +58,23 @@ final class Engine
      */
     public function __invoke(int $level, string $message, string $file, int $line): bool
     {
-        if ($level === E_WARNING && $file === __FILE__ && preg_match(self::PHPS_OWN, $message) !== 1) {
-            $this->warnings[] = $message;
-
+        if ($level === E_WARNING && $file === __FILE__ && $this->takes($message)) {
             return true;
         }
 
         return $this->previous !== null && ($this->previous)($level, $message, $file, $line) !== false;
+    }
+
+    private function takes(string $message): bool
+    {
+        if ($message === self::ARRAY) {
+            return $this->ignoresArrays;
+        }
+        if (str_starts_with($message, self::ARGUMENTS)) {
+            return false;
+        }
+        $this->warnings[] = $message;
+
+        return true;
     }
 }

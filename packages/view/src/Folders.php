@@ -74,7 +74,7 @@ final readonly class Folders
     private static function absolute(string $folder): string
     {
         $path = realpath($folder) ?: $folder;
-        if (!is_dir($path)) {
+        if ($folder === '' || !is_dir($path)) {
             throw new InvalidArgumentException("No such folder: $folder");
         }
 

@@ -78,7 +78,7 @@ final class View
     private function page(string $template, array $plain, array $known): string
     {
         try {
-            $page = Engine::page($template, $plain);
+            $page = Engine::page($template, $plain, ignoresArrays: $this->strict);
         } catch (EngineFailure $failure) {
             $fault = Fault::of($failure->getMessage(), $template);
             throw new TemplateError($fault->template, $fault->what, $fault->tag);

@@ -12,13 +12,13 @@ use Zorvel\View;
 final class StrictTest extends TemplatesTestCase
 {
     private const array DATA = [
-        'name' => 'Ann', 'flag' => true, 'off' => false, 'zero' => 0, 'n' => 3, 'empty' => [], '5' => 'five', '-1' => 'x', 'a:b' => 'c',
+        'name' => 'Ann', 'flag' => true, 'off' => false, 'zero' => 0, 'n' => 3, 'empty' => [], 'none' => null, '5' => 'five', '-1' => 'x', 'a:b' => 'c',
         'user' => ['name' => 'Bob', '7' => 'seven', '-1' => 'x', '4294967296' => 'x', '007' => 'Bond', 'deep' => ['er' => 'x']],
         'hidden' => ['visible' => false, 'x' => 1], 'state' => 'on sale', 'news' => ['num' => ['r' => 'rain'], 'title' => 'News'],
         'part' => 'inner.tpl', 'rows' => [['tags' => ['red'], 'name' => 'x'], ['tags' => ['k' => 'blue'], 'only' => 1]],
     ];
 
-    private const string PATHS = 'name|nope|user::name|user::nope|user::name::x|user::7|user::007|user::-1|user::4294967296|'
+    private const string PATHS = 'name|nope|none|none::x|user::name|user::nope|user::name::x|user::7|user::007|user::-1|user::4294967296|'
         . 'user::deep::er|5|-1|a:b|rows::0::name|rows::5|*|.*|[*]|*::name|*::only|.*::tags::0|r::*::only|r::*::tags::k|r::[*]|q::*|news::num::r';
 
     private const string CONDITIONS = 'empty|user|flag|off|zero|hidden|nope|name Ann|name \'Ann\'|name  Ann|n 3|n 03|state on sale|'
@@ -79,7 +79,10 @@ final class StrictTest extends TemplatesTestCase
         yield 'variable that is no name' => ['p{color:red} a{b:c;d:e} {x}', 'page.tpl:1: x names nothing, and there is no default'];
         yield 'no variable' => ['p{color:red} f(){return(a,b)} {}', null];
         yield 'default' => ["{nope ''}{dynamic rows}{*::only 'none'}{/dynamic}", null];
-        yield 'null' => ['{none}{htmlspecialchars none}{dynamic none}{/dynamic}', null];
+        yield 'null' => ["{none ''}{none name}{htmlspecialchars none}{dynamic none}{/dynamic}{list::0}", null];
+        yield 'null in a loop' => ['{dynamic r,nulls}{r::*::none}{*::none none}{/dynamic}', null];
+        yield 'null without a default' => ["\n{nope none}", 'page.tpl:2: nope or none is null, and there is no default'];
+        yield 'null before an array' => ['{none user}', 'page.tpl:1: user is no text, but of type array'];
         yield 'filter with a default' => ["{htmlspecialchars nope 'x'}", "page.tpl:1: nope 'x' names nothing"];
         yield 'filter on a boolean' => ['{htmlspecialchars flag}', 'page.tpl:1: flag is no text, but of type bool'];
         yield 'filter on a list' => ["\n{addslashes user}", 'page.tpl:2: user is no text, but of type array'];
@@ -88,6 +91,7 @@ final class StrictTest extends TemplatesTestCase
         yield 'data handed over as it is' => ['{optional raw::n 5x}shown{/optional}', null];
         yield 'loop' => ['{dynamic row}{/dynamic}', 'page.tpl:1: row names nothing that can be repeated'];
         yield 'loop over a text' => ['{dynamic user::name}{/dynamic}', 'page.tpl:1: user::name is no array, but of type string'];
+        yield 'loop over a text under num' => ['{dynamic sums}{/dynamic}', 'page.tpl:1: sums::num is no array, but of type string'];
         yield 'loop over an element that is a text' => ['{dynamic r,rows}{dynamic r::*::name}{/dynamic}{/dynamic}', 'page.tpl:1: r::*::name is no array, but of type string'];
         yield 'loop over nothing' => ['{dynamic empty}{nope}{/dynamic}', null];
         yield 'loop of another name' => ['{dynamic row,rows}{rows::*::name}{/dynamic}', 'page.tpl:1: rows::*::name names nothing, and there is no default'];
@@ -102,14 +106,12 @@ final class StrictTest extends TemplatesTestCase
     public function testTellsOfTheFirstTagThatComesToNothing(string $template, ?string $message): void
     {
         $folder = $this->folder(['page.tpl' => $template, 'part.tpl' => "\n{include missing.tpl}"]);
-        $data = self::DATA + ['none' => null, 'raw' => new Raw(['n' => 5])];
-        set_error_handler(static fn(int $level, string $what): bool => $what === 'Array to string conversion', E_WARNING);
+        $data = self::DATA + ['nulls' => [['none' => null]], 'list' => [null], 'sums' => ['num' => 3], 'raw' => new Raw(['n' => 5])];
         if ($message === null) {
             self::assertSame($this->page($template, $data), $this->page($template, $data, strict: true));
         } else {
             self::assertSame($message, self::failure(new View($folder, strict: true), 'page.tpl', $data)->getMessage());
         }
-        restore_error_handler();
     }
 
     public function testLoadsNothingForStrictnessWithoutIt(): void

@@ -81,13 +81,26 @@ final class Check
         }
     }
 
+    /** Null is what is not there for the engine; what depends on a loop then comes to nothing, as it is meant to. */
     private function variable(Tag $tag, Scope $scope): void
     {
-        $path = array_find($tag->paths(), static fn(string $path): bool => $scope->find(new Path($path)) !== null);
-        if ($path !== null) {
-            $this->refuseArray($tag, $path, $scope->find(new Path($path))?->value);
+        $paths = array_map(static fn(string $path): Path => new Path($path), $tag->paths());
+        $values = array_map(static fn(Path $path): mixed => $scope->find($path)?->value, $paths);
+        $place = array_find_key($values, static fn(mixed $value): bool => $value !== null);
+        if ($place !== null) {
+            $this->refuseArray($tag, $tag->paths()[$place], $values[$place]);
         } elseif (!$tag->hasDefault() && self::isMeant($tag)) {
-            $this->report($tag, implode(' or ', $tag->paths()) . ' names nothing, and there is no default');
+            $this->missing($tag, $paths, $scope);
+        }
+    }
+
+    /** @param list<Path> $paths */
+    private function missing(Tag $tag, array $paths, Scope $scope): void
+    {
+        $isNull = array_any($paths, static fn(Path $path): bool => $scope->find($path) !== null);
+        $isInLoop = array_any($paths, static fn(Path $path): bool => $path->loop !== null);
+        if (!$isNull || !$isInLoop) {
+            $this->report($tag, implode(' or ', $tag->paths()) . ($isNull ? ' is null' : ' names nothing') . ', and there is no default');
         }
     }
 
@@ -125,11 +138,12 @@ final class Check
     private function loop(Node $node, Scope $scope): void
     {
         $path = $node->tag->paths()[0];
-        $found = $scope->find(new Path($path));
+        $number = $scope->find(new Path("$path::num"));
+        $found = $number ?? $scope->find(new Path($path));
         if ($found === null) {
             $this->report($node->tag, "$path names nothing that can be repeated");
-        } elseif (is_scalar($found->repeated())) {
-            $this->report($node->tag, "$path is no array, but of type " . get_debug_type($found->repeated()));
+        } elseif (is_scalar($found->value)) {
+            $this->report($node->tag, $path . ($number === null ? '' : '::num') . ' is no array, but of type ' . get_debug_type($found->value));
         }
         foreach ($found?->elements() ?? [] as $key => $element) {
             $loop = new Loop($node->tag->loopName(), (string) $key, new Found($element));

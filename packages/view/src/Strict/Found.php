@@ -26,18 +26,10 @@ final readonly class Found
         return array_reduce($keys, static fn(?self $found, string $key): ?self => $found?->at($key), $this);
     }
 
-    /** What a loop over it goes through. */
-    public function repeated(): mixed
-    {
-        return ($this->at('num') ?? $this)->value;
-    }
-
     /** @return array<array-key, mixed> */
     public function elements(): array
     {
-        $repeated = $this->repeated();
-
-        return is_array($repeated) ? $repeated : [];
+        return is_array($this->value) ? $this->value : [];
     }
 
     /** What an optional section without a text to compare with asks. */

@@ -36,14 +36,8 @@ final readonly class BundledFault
     public function inText(array $pieces): ?TemplateError
     {
         $tag = $this->isAboutText ? new FaultFinder($this->what)->find($this->text) : null;
-        if ($tag === null) {
-            return null;
-        }
-        $before = array_filter($pieces, static fn(array $piece): bool => $piece[0] <= $tag->offset);
-        [$start, $file, $offset, $line] = $before[array_key_last($before) ?? 0];
-        $line += substr_count($this->text, "\n", $start, $tag->offset - $start);
 
-        return new TemplateError($file, $this->what, new Tag($tag->text, $tag->offset - $start + $offset, $tag->length, $line, $tag->isClosed));
+        return $tag === null ? null : new Pieces($this->text, $pieces)->error($tag, $this->what);
     }
 
     /**
