@@ -9,6 +9,7 @@ use Exception;
 use InvalidArgumentException;
 use LogicException;
 use PHPUnit\Framework\Attributes\DataProvider;
+use PHPUnit\Framework\Attributes\TestWith;
 use Stringable;
 use Zorvel\Raw;
 use Zorvel\View;
@@ -40,8 +41,14 @@ final class ViewTest extends TemplatesTestCase
 
         self::assertSame(array_map(fn(string $name): string => "$name: A template is named by its path inside the folders", self::OUTSIDE), $messages);
         self::assertSame("missing.tpl: No such file in $folder", self::failure(new View($folder), 'missing.tpl')->getMessage());
-        $this->expectException(InvalidArgumentException::class);
-        new View('missing');
+    }
+
+    #[TestWith(['missing'])]
+    #[TestWith([''])]
+    public function testRefusesAFolderThatIsNone(string $folder): void
+    {
+        $this->expectExceptionObject(new InvalidArgumentException("No such folder: $folder"));
+        new View($folder);
     }
 
     public function testSharesDataThatWhatIsGivenOverrides(): void
