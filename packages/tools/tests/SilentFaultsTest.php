@@ -154,14 +154,14 @@ final class SilentFaultsTest extends ToolsTestCase
     {
         $this->write([
             'blog/list.tpl' => '{dynamic post,posts}{include blog/post.tpl}{/dynamic}{include ./near.tpl}{include name::s}{include key}',
-            'blog/post.tpl' => '{post::*::title}{*}{include line.tpl}{page::*}',
+            'blog/post.tpl' => '{post::*::title}{*}{include blog/line.tpl}{page::*}{include line.tpl}',
             'blog/line.tpl' => '{post::[*]}{include /none/x.tpl}{include http://localhost/x.tpl}',
             'near.tpl' => '{*}',
         ]);
         $files = ['blog/list.tpl', 'blog/post.tpl', 'blog/line.tpl', 'near.tpl'];
 
         self::assertSame(
-            ['blog/line.tpl:1:12 missing-include', 'blog/post.tpl:1:38 unknown-loop', 'near.tpl:1:1 unknown-loop'],
+            ['blog/line.tpl:1:12 missing-include', 'blog/post.tpl:1:43 unknown-loop', 'blog/post.tpl:1:52 missing-include', 'near.tpl:1:1 unknown-loop'],
             $this->found(...array_map(Template::fromFile(...), $files)),
         );
     }

@@ -21,19 +21,12 @@ final readonly class Folders
         $this->paths = array_values(array_unique(array_map(fn(string $path): string => rtrim($path, '/') ?: '/', $paths)));
     }
 
-    /**
-     * That of these folders which has the file in it, then the others, then those between it and the file: from which
-     * of them a program makes its pages, nobody tells.
-     */
+    /** That of these folders which has the file in it, then the others. */
     public function around(string $file): self
     {
         $root = array_find($this->paths, fn(string $path): bool => self::isIn($path, $file)) ?? dirname($file);
-        $between = [];
-        for ($folder = dirname($file); $folder !== $root; $folder = dirname($folder)) {
-            array_unshift($between, $folder);
-        }
 
-        return new self([$root, ...$this->paths, ...$between], $this->extensions);
+        return new self([$root, ...$this->paths], $this->extensions);
     }
 
     /** The name by which a page is made from a file in the first folder. */
