@@ -58,7 +58,7 @@ final class SilentFaultsTest extends ToolsTestCase
             ['1:31 compare-blanks', '1:84 compare-path']];
         yield 'sane conditions' => ["{optional a b and c}{/optional}{optional a 'x > y'}{/optional}{!optional a 'true'}{/optional}{optional op <}{/optional}"
             . "{optional a it is}{/optional}{optional nothing}{/optional}{optional a -1}{/optional}{optional a 'say \"x\"'}{/optional}", []];
-        yield 'words like keywords' => ["{excludes a}{title e}{national x}{entities y}{escape}{optimal 'x'}", []];
+        yield 'words like keywords' => ["{excludes a}{title e}{national x}{entities y}{description z}{image_url y}{htmls x}{escape}{optimal 'x'}", []];
         yield 'braces of a script' => ['p=`${q.r} ${s}`;function f(){return this.x}; ()=>f(){a.b} /* @type {a.b} */x.f({a:{b:1}});{{a:{b:1}}}; {} } {{}}', []];
         yield 'swapped' => ["{optional a}\n{dynamic b}{/optional}{/dynamic}{/optional}", ['2:12 unexpected-closing-tag', '2:33 unexpected-closing-tag']];
         yield 'left open' => ["{dynamic a}\n{optional b}{/dynamic}{optional c}", ['2:13 unexpected-closing-tag', '2:23 unclosed-section']];
@@ -76,11 +76,13 @@ final class SilentFaultsTest extends ToolsTestCase
             'section-expression' => ['{optional}', '{optional !a}', '{!optional not a}', '{optional a && b}', '{optional a||b}', '{optional a and b}',
                 '{optional a == 1}', '{optional a > 1}', '{optional a>=1}', "{optional a != 'x'}", '{optional a "x y"}', '{optional a False}',
                 "{optional a is 'x'}", "{optional a= 'x'}"],
-            'mistyped-keyword' => ['{escape name}', '{e name}', '{urlencode name}', '{Htmlspecialchars name}', '{!htmlspecialchars name}',
+            'mistyped-keyword' => ['{escape name}', '{e name}', '{urlencode name}', '{escapeHtml name}', '{html-escape name}', '{url_encode name}',
+                '{specialchars name}', '{esc_attr name}', '{json name}', '{strtoupper name}', '{number_format n 2}', '{escape $name}', '{Htmlspecialchars name}', '{!htmlspecialchars name}',
                 '{html_special_chars *::name}', "{addslash name 'x'}", '{includ part.tpl}'],
             'foreign-syntax' => ['{user.name}', '{user->name}', "{user.name 'x'}", '{htmlspecialchars user.name}', '{optional user.isNew}',
                 '{dynamic row in rows}', '{dynamic rows as row}', '{!name}', '{/name}', '{/!optional}', '{name "you"}', '{name|upper}', '{# see {name} #}',
-                '{{htmlspecialchars name}}'],
+                '{{htmlspecialchars name}}', '{optional $name}', '{dynamic $rows}', '{dynamic row,$rows}', '{htmlspecialchars $name}', '{include $name}'],
+            'compare-path' => ['{optional state $state}'],
             'filter-words' => ['{htmlspecialchars(name)}'],
             'lost-brace' => ['<script>{"a":{"b":{"c":1}}}</script>', '@supports(x){@media y{.a{b:c}}}', 'if(x){if(z){y()}}}', "<a data-json='{\"a\":{\"b\":{\"c\":1}}}'>",
                 '{{a}}{b}}}'],
@@ -141,6 +143,13 @@ final class SilentFaultsTest extends ToolsTestCase
 
             self::assertSame(str_starts_with($title, 'An error page') ? ['article.html.tpl:2:1 unclosed-section'] : [], $found, $title);
         }
+    }
+
+    public function testTakesAWordOfTheSampleDataForAPath(): void
+    {
+        $template = new Template('page.tpl', '{json name}{html name}{raw name}');
+
+        self::assertSame([1, 23], array_column($this->findings(['html' => null, 'name' => 'Ann'], $template), 'column'));
     }
 
     public function testCitesALongTagInOneLine(): void

@@ -14,7 +14,7 @@ final readonly class ComparePath extends TagRule
     {
         $text = trim($tag->compareText() ?? '');
 
-        return preg_match('/^[^\'\s]*::[^\'\s]*$|^\*$|^\[\*\]$/', $text) === 1
+        return preg_match('/^[^\'\s]*::[^\'\s]*$|^\*$|^\[\*\]$|^\$[a-z_]\w*$/i', $text) === 1
             ? "Compares with the text \"$text\", not with a value: compare in PHP, or quote the text"
             : null;
     }

@@ -13,6 +13,8 @@ final readonly class ForeignSyntax implements Rule
 {
     private const string COMMENT = 'There are no comments: leave it out, or write {optional -}{/optional with the comment here}';
 
+    private const string DOLLAR = 'A path has no $ in front, and its keys are separated by "::": write {name} or {user::name}';
+
     private const array TAGS = [
         '/^\*[\s*].*(\*|\{.*)$/s' => self::COMMENT,
         '/^#\s|^#.*#$/s' => self::COMMENT,
@@ -23,7 +25,7 @@ final readonly class ForeignSyntax implements Rule
         '~^[!/][a-z]\w*$~i' => 'There is no such tag: write {optional path}…{/optional}, {!optional path}…{/optional} or {dynamic path}…{/dynamic}',
         '~^/!optional~' => 'Both {optional} and {!optional} end with {/optional}',
         '/^[\w:*]+\s+"[^"]*"$/' => 'A default stands in single quotes: write {path \'default\'}',
-        '/^\$[a-z_][^(;=]*$/i' => 'A path has no $ in front, and its keys are separated by "::": write {name} or {user::name}',
+        '/^\$[a-z_][^(;=]*$/i' => self::DOLLAR,
         '/^[\w.:*[\]-]+\s*\|\s*[a-z]\w*(:[^|]*)?$/i' => 'A filter comes first: write {htmlspecialchars path}, or work the value out in PHP',
     ];
 
@@ -58,7 +60,7 @@ final readonly class ForeignSyntax implements Rule
         return match (true) {
             $tag->kind->isLoop() && preg_match('/\S\s+(in|as)\s+\S/', $tag->parameter) === 1 => 'A loop is named before a comma: write {dynamic row,rows}',
             $tag->kind !== TagKind::Include && !$isScript && preg_match(self::KEYS, $tag->paths()[0] ?? '') === 1 => 'Keys are separated by "::": write {user::name}',
-            $tag->kind !== TagKind::Variable => null,
+            $tag->kind !== TagKind::Variable => preg_match('/^\$[a-z_]/i', $tag->paths()[0] ?? '') === 1 ? self::DOLLAR : null,
             default => array_find(self::TAGS, fn(string $_, string $pattern): bool => preg_match($pattern, $tag->text) === 1),
         };
     }

@@ -16,7 +16,8 @@ final readonly class Rules
     /** @var array<string, array<string, Rule>> by the level of what they find */
     private array $rules;
 
-    public function __construct(Folders $folders, Includes $includes)
+    /** @param array<array-key, mixed> $data sample data, or none */
+    public function __construct(Folders $folders, Includes $includes, array $data = [])
     {
         $this->rules = [
             Level::Error->value => [
@@ -27,7 +28,7 @@ final readonly class Rules
             ],
             Level::Warning->value => [
                 'byte-order-mark' => new ByteOrderMark(),
-                'mistyped-keyword' => new MistypedKeyword(),
+                'mistyped-keyword' => new MistypedKeyword($data),
                 'foreign-syntax' => new ForeignSyntax(),
                 'swallowed-tag' => new SwallowedTag(),
                 'lost-brace' => new LostBrace(),
