@@ -37,7 +37,7 @@ final class LanguageTest extends TemplatesTestCase
         $page = new View($this->folder($files))->render('page.tpl', self::data(self::code($row['Data'])));
         $mark = $row[''] ?? '';
 
-        if (preg_match('/with the view:? `(.*?)`/', $mark, $told) === 1) {
+        if (preg_match('/with the view[^`]*`(.*?)`/', $mark, $told) === 1) {
             self::assertSame($told[1], $page);
         } elseif (str_contains($mark, '*bare:*')) {
             self::assertNotSame(self::code($row['Result']), $page);
