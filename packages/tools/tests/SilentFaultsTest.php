@@ -48,7 +48,11 @@ final class SilentFaultsTest extends ToolsTestCase
             '1:31 foreign-syntax', '1:43 foreign-syntax', '1:50 foreign-syntax']];
         yield 'Latte' => ['{if $a > 1}{elseif $b}{else}{/if}', ['1:1 foreign-syntax', '1:12 foreign-syntax', '1:23 foreign-syntax', '1:29 foreign-syntax']];
         yield 'Twig' => ["{% for a in b %}{{ a.b|e }}{# c\n #}", ['1:1 foreign-syntax', '1:17 foreign-syntax', '1:28 foreign-syntax']];
-        yield 'Mustache' => ['{{#a}}{{> b}}{{/a}}', ['1:1 foreign-syntax', '1:7 foreign-syntax', '1:14 foreign-syntax']];
+        yield 'Mustache' => ["{{#a}}{{> b}}\n{{/a}}", ['1:1 foreign-syntax', '2:1 foreign-syntax']];
+        yield 'Blade' => ["@foreach (\$a as \$b){{ \$b['c'] }}\n{!! \$d !!}<p>{{-- e --}}", ['1:1 foreign-syntax', '2:1 foreign-syntax', '2:14 foreign-syntax']];
+        yield 'at-signs of others' => ['<style>@include(a){b:c} @import url(d)</style>e@if(f).org @media (print) @click(g) @if', []];
+        yield 'doubled braces of others' => ["<script>{{ \$a }} {{ b + c }}</script> p {{ color: red }} {{\"a\": 'b + c'}} <a onclick='if (a) {{ b() }}'>{{a}}", []];
+        yield 'behind a script' => ['<script>{{ $a }}</script>{{ $a }}', ['1:26 foreign-syntax']];
         yield 'words like those of other engines' => ["{if}{for}{section name}{else_ 'x'}{dynamic foreach}{* b}{*}{/dynamic}", []];
         yield 'keywords' => ['{included}{htmlspecialchars_raw}{addslashes[*]}', ['1:1 glued-keyword', '1:11 glued-keyword', '1:33 unknown-loop']];
         yield 'the right word before the brace' => ["é{x}\né{it's}", ['2:2 broken-tag']];
@@ -81,7 +85,8 @@ final class SilentFaultsTest extends ToolsTestCase
                 '{html_special_chars *::name}', "{addslash name 'x'}", '{includ part.tpl}'],
             'foreign-syntax' => ['{user.name}', '{user->name}', "{user.name 'x'}", '{htmlspecialchars user.name}', '{optional user.isNew}',
                 '{dynamic row in rows}', '{dynamic rows as row}', '{!name}', '{/name}', '{/!optional}', '{name "you"}', '{name|upper}', '{# see {name} #}',
-                '{{htmlspecialchars name}}', '{optional $name}', '{dynamic $rows}', '{dynamic row,$rows}', '{htmlspecialchars $name}', '{include $name}'],
+                '{{htmlspecialchars name}}', '{{$name}}', "{{ row['x'] }}", '{{ n + 1 }}', "{{ n ? 'a' : 'b' }}", '@if(x)',
+                '{optional $name}', '{dynamic $rows}', '{dynamic row,$rows}', '{htmlspecialchars $name}', '{include $name}'],
             'compare-path' => ['{optional state $state}'],
             'filter-words' => ['{htmlspecialchars(name)}'],
             'lost-brace' => ['<script>{"a":{"b":{"c":1}}}</script>', '@supports(x){@media y{.a{b:c}}}', 'if(x){if(z){y()}}}', "<a data-json='{\"a\":{\"b\":{\"c\":1}}}'>",
@@ -147,9 +152,9 @@ final class SilentFaultsTest extends ToolsTestCase
 
     public function testTakesAWordOfTheSampleDataForAPath(): void
     {
-        $template = new Template('page.tpl', '{json name}{html name}{raw name}');
+        $template = new Template('page.tpl', '{json name}{html name}{raw name}{{nick}}{{name}}');
 
-        self::assertSame([1, 23], array_column($this->findings(['html' => null, 'name' => 'Ann'], $template), 'column'));
+        self::assertSame([1, 23, 41], array_column($this->findings(['html' => null, 'name' => 'Ann'], $template), 'column'));
     }
 
     public function testCitesALongTagInOneLine(): void

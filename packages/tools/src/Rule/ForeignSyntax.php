@@ -11,7 +11,7 @@ use Zorvel\Tools\Template\Template;
 /** Comments and tags of other engines. Scripts and style sheets have much that is alike: the patterns keep clear of it. */
 final readonly class ForeignSyntax implements Rule
 {
-    private const string COMMENT = 'There are no comments: leave it out, or write {optional -}{/optional with the comment here}';
+    public const string COMMENT = 'There are no comments: leave it out, or write {optional -}{/optional with the comment here}';
 
     private const string DOLLAR = 'A path has no $ in front, and its keys are separated by "::": write {name} or {user::name}';
 
@@ -22,6 +22,7 @@ final readonly class ForeignSyntax implements Rule
         '~^(els?e?if|if|unless)\s+[^\s(]|^/(if|unless)$~' => 'There is no {if: write {optional path}…{/optional}, or {!optional path}',
         '/^else$/' => 'There is no {else}: write {!optional path}…{/optional}',
         '~^(foreach|for|while)\s+[^\s(]|^/(foreach|for|while)$|^foreachelse$~' => 'There is no such tag: write {dynamic path}…{/dynamic}',
+        '/^!!.*!!$/s' => 'There is no {!!: write {name}, which is not escaped',
         '~^[!/][a-z]\w*$~i' => 'There is no such tag: write {optional path}…{/optional}, {!optional path}…{/optional} or {dynamic path}…{/dynamic}',
         '~^/!optional~' => 'Both {optional} and {!optional} end with {/optional}',
         '/^[\w:*]+\s+"[^"]*"$/' => 'A default stands in single quotes: write {path \'default\'}',
@@ -35,9 +36,8 @@ final readonly class ForeignSyntax implements Rule
     /** A script's own: ${a.b}, f(){a.b} and a type in a comment, as in @param {a.b}. */
     private const string BEFORE_SCRIPT = '/[$)]$|@\w+ $/';
 
-    /** Braces doubled round a name in blanks, a filter, or the sign of a section: nobody's script has them. */
-    private const string MUSTACHES = '~(?<!\{)\{\{(?:(?:htmlspecialchars|htmlentities|rawurlencode|addslashes)\s[^{}]*'
-        . '|\s+[\w.]+\s*(?:\|[^{}]*)?|[#/^>]\s*[\w./]+[^{}]*)\}\}(?!\})~';
+    /** @param array<array-key, mixed> $data sample data, or none */
+    public function __construct(private array $data) {}
 
     public function check(Template $template): iterable
     {
@@ -47,10 +47,7 @@ final readonly class ForeignSyntax implements Rule
                 yield $tag->offset => $message;
             }
         }
-        preg_match_all(self::MUSTACHES, $template->text, $matches, PREG_OFFSET_CAPTURE);
-        foreach ($matches[0] as [, $offset]) {
-            yield $offset => 'A doubled brace is text: a tag has one brace and no blank behind it';
-        }
+        yield from new ForeignText($this->data)->check($template);
     }
 
     private function messageFor(Tag $tag, Template $template): ?string

@@ -29,7 +29,7 @@ final readonly class Rules
             Level::Warning->value => [
                 'byte-order-mark' => new ByteOrderMark(),
                 'mistyped-keyword' => new MistypedKeyword($data),
-                'foreign-syntax' => new ForeignSyntax(),
+                'foreign-syntax' => new ForeignSyntax($data),
                 'swallowed-tag' => new SwallowedTag(),
                 'lost-brace' => new LostBrace(),
                 'unclosed-tag' => new UnclosedTag(),

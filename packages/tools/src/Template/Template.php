@@ -15,10 +15,15 @@ final readonly class Template
     /** Bytes of a message. */
     private const int LONGEST = 400;
 
+    private const string NO_MARKUP = '~<(script|style)\b[^>]*>\K.*?(?=</\1\b|\z)~is';
+
     /** @var list<Tag> */
     public array $tags;
 
     public Nesting $nesting;
+
+    /** The text, with blanks in place of its scripts and style sheets. */
+    public string $markup;
 
     private Places $places;
 
@@ -31,6 +36,7 @@ final readonly class Template
         $this->tags = new TagReader()->read($text);
         $this->nesting = new Nesting($this->tags);
         $this->places = new Places($text);
+        $this->markup = (string) preg_replace_callback(self::NO_MARKUP, fn(array $match): string => str_repeat(' ', strlen($match[0])), $text);
     }
 
     public static function fromFile(string $file): self
@@ -43,6 +49,12 @@ final readonly class Template
     public static function fromInput(): self
     {
         return new self('(standard input)', (string) stream_get_contents(STDIN));
+    }
+
+    /** Whether a byte, other than a blank, stands in no script and no style sheet. */
+    public function isMarkup(int $offset): bool
+    {
+        return $this->markup[$offset] === $this->text[$offset];
     }
 
     public function finding(int $offset, Level $level, string $rule, string $message): Finding
