@@ -52,6 +52,7 @@ final class SilentFaultsTest extends ToolsTestCase
         yield 'Blade' => ["@foreach (\$a as \$b){{ \$b['c'] }}\n{!! \$d !!}<p>{{-- e --}}", ['1:1 foreign-syntax', '2:1 foreign-syntax', '2:14 foreign-syntax']];
         yield 'at-signs of others' => ['<style>@include(a){b:c} @import url(d)</style>e@if(f).org @media (print) @click(g) @if', []];
         yield 'doubled braces of others' => ["<script>{{ \$a }} {{ b + c }}</script> p {{ color: red }} {{\"a\": 'b + c'}} <a onclick='if (a) {{ b() }}'>{{a}}", []];
+        yield 'expressions of others' => ["<script>a={b + c}</script> ()=>{a ? b : c} f(){a && b} {a = b} {a - 'b'} {dynamic x}{a * b}{/dynamic}", ['1:64 section-expression']];
         yield 'behind a script' => ['<script>{{ $a }}</script>{{ $a }}', ['1:26 foreign-syntax']];
         yield 'words like those of other engines' => ["{if}{for}{section name}{else_ 'x'}{dynamic foreach}{* b}{*}{/dynamic}", []];
         yield 'keywords' => ['{included}{htmlspecialchars_raw}{addslashes[*]}', ['1:1 glued-keyword', '1:11 glued-keyword', '1:33 unknown-loop']];
@@ -79,7 +80,8 @@ final class SilentFaultsTest extends ToolsTestCase
         $faults = [
             'section-expression' => ['{optional}', '{optional !a}', '{!optional not a}', '{optional a && b}', '{optional a||b}', '{optional a and b}',
                 '{optional a == 1}', '{optional a > 1}', '{optional a>=1}', "{optional a != 'x'}", '{optional a "x y"}', '{optional a False}',
-                "{optional a is 'x'}", "{optional a= 'x'}"],
+                "{optional a is 'x'}", "{optional a= 'x'}", '{n + 1}', '{n == 5}', '{n * 2}', "{n ? 'a' : 'b'}", "{n ?? 'a'}", "{name . 'b'}", "{row::*::a ~ 'b'}",
+                "{nope || 'x'}"],
             'mistyped-keyword' => ['{escape name}', '{e name}', '{urlencode name}', '{escapeHtml name}', '{html-escape name}', '{url_encode name}',
                 '{specialchars name}', '{esc_attr name}', '{json name}', '{strtoupper name}', '{number_format n 2}', '{escape $name}', '{Htmlspecialchars name}', '{!htmlspecialchars name}',
                 '{html_special_chars *::name}', "{addslash name 'x'}", '{includ part.tpl}'],

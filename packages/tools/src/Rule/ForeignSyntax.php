@@ -33,9 +33,6 @@ final readonly class ForeignSyntax implements Rule
     /** Keys that are separated in another way. */
     private const string KEYS = '/^[a-z_]\w*((\.|->)[a-z_]\w*)+$/i';
 
-    /** A script's own: ${a.b}, f(){a.b} and a type in a comment, as in @param {a.b}. */
-    private const string BEFORE_SCRIPT = '/[$)]$|@\w+ $/';
-
     /** @param array<array-key, mixed> $data sample data, or none */
     public function __construct(private array $data) {}
 
@@ -52,11 +49,9 @@ final readonly class ForeignSyntax implements Rule
 
     private function messageFor(Tag $tag, Template $template): ?string
     {
-        $isScript = preg_match(self::BEFORE_SCRIPT, substr($template->text, max(0, $tag->offset - 20), min(20, $tag->offset))) === 1;
-
         return match (true) {
             $tag->kind->isLoop() && preg_match('/\S\s+(in|as)\s+\S/', $tag->parameter) === 1 => 'A loop is named before a comma: write {dynamic row,rows}',
-            $tag->kind !== TagKind::Include && !$isScript && preg_match(self::KEYS, $tag->paths()[0] ?? '') === 1 => 'Keys are separated by "::": write {user::name}',
+            $tag->kind !== TagKind::Include && !$template->isScripts($tag) && preg_match(self::KEYS, $tag->paths()[0] ?? '') === 1 => 'Keys are separated by "::": write {user::name}',
             $tag->kind !== TagKind::Variable => preg_match('/^\$[a-z_]/i', $tag->paths()[0] ?? '') === 1 ? self::DOLLAR : null,
             default => array_find(self::TAGS, fn(string $_, string $pattern): bool => preg_match($pattern, $tag->text) === 1),
         };

@@ -8,7 +8,7 @@ use Zorvel\Syntax\Tag;
 use Zorvel\Syntax\TagKind;
 use Zorvel\Tools\Template\Template;
 
-/** An expression as the condition of a section, which takes one path, and one text to compare with. */
+/** An expression as the condition of a section, which takes one path, and one text to compare with; or as a value. */
 final readonly class SectionExpression extends TagRule
 {
     private const array REMEDIES = [
@@ -21,10 +21,20 @@ final readonly class SectionExpression extends TagRule
         "/^\S+\s+[^\s'][^']*\s'/" => "What stands in front of the quote is ignored: write {optional path 'text'}",
     ];
 
+    /** A star is a path, too, and an assignment a script's. */
+    private const array VALUE_REMEDIES = [
+        '~^[\w:*[\]]+\s+([-+/%.\~<>]|[=!]==?|[<>]=|<>|&&|\|\||\?|\?\?|\?:|\*(?=\s+\d))\s~'
+            => "There are no operators, each word is a path: work the value out in PHP, or write {path 'default'}",
+    ];
+
     protected function messageFor(Tag $tag, Template $template): ?string
     {
-        return $tag->kind->closing() === TagKind::EndOptional
-            ? array_find(self::REMEDIES, fn(string $_, string $pattern): bool => preg_match($pattern, $tag->parameter) === 1)
-            : null;
+        $remedies = match (true) {
+            $tag->kind->closing() === TagKind::EndOptional => self::REMEDIES,
+            $tag->kind === TagKind::Variable && $template->isMarkup($tag->offset) && !$template->isScripts($tag) => self::VALUE_REMEDIES,
+            default => [],
+        };
+
+        return array_find($remedies, fn(string $_, string $pattern): bool => preg_match($pattern, $tag->parameter) === 1);
     }
 }

@@ -17,6 +17,9 @@ final readonly class Template
 
     private const string NO_MARKUP = '~<(script|style)\b[^>]*>\K.*?(?=</\1\b|\z)~is';
 
+    /** As in ${a.b}, f(){a.b}, ()=>{a.b} and a type in a comment, @param {a.b}. */
+    private const string BEFORE_SCRIPT = '/[$)]$|=>$|@\w+ $/';
+
     /** @var list<Tag> */
     public array $tags;
 
@@ -55,6 +58,12 @@ final readonly class Template
     public function isMarkup(int $offset): bool
     {
         return $this->markup[$offset] === $this->text[$offset];
+    }
+
+    /** Whether a tag is likely a script's, wherever it stands. */
+    public function isScripts(Tag $tag): bool
+    {
+        return preg_match(self::BEFORE_SCRIPT, substr($this->text, max(0, $tag->offset - 20), min(20, $tag->offset))) === 1;
     }
 
     public function finding(int $offset, Level $level, string $rule, string $message): Finding
