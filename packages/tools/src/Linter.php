@@ -25,7 +25,7 @@ final readonly class Linter
     public function __construct(private Folders $folders, private ?array $data = null)
     {
         $this->includes = new Includes($folders);
-        $this->rules = new Rules($folders, $this->includes, $data ?? []);
+        $this->rules = new Rules($folders, $this->includes, $data);
     }
 
     /**

@@ -53,6 +53,7 @@ final class SilentFaultsTest extends ToolsTestCase
         yield 'at-signs of others' => ['<style>@include(a){b:c} @import url(d)</style>e@if(f).org @media (print) @click(g) @if', []];
         yield 'doubled braces of others' => ["<script>{{ \$a }} {{ b + c }}</script> p {{ color: red }} {{\"a\": 'b + c'}} <a onclick='if (a) {{ b() }}'>{{a}}", []];
         yield 'expressions of others' => ["<script>a={b + c}</script> ()=>{a ? b : c} f(){a && b} {a = b} {a - 'b'} {dynamic x}{a * b}{/dynamic}", ['1:64 section-expression']];
+        yield 'dollar signs of others' => ['<script>a = `${{n} ${b.c} ${d()} ${e + f} ${g[0]}`</script> costs ${n} {optional -}{/optional a {} b}', []];
         yield 'behind a script' => ['<script>{{ $a }}</script>{{ $a }}', ['1:26 foreign-syntax']];
         yield 'words like those of other engines' => ["{if}{for}{section name}{else_ 'x'}{dynamic foreach}{* b}{*}{/dynamic}", []];
         yield 'keywords' => ['{included}{htmlspecialchars_raw}{addslashes[*]}', ['1:1 glued-keyword', '1:11 glued-keyword', '1:33 unknown-loop']];
@@ -93,7 +94,8 @@ final class SilentFaultsTest extends ToolsTestCase
             'filter-words' => ['{htmlspecialchars(name)}'],
             'lost-brace' => ['<script>{"a":{"b":{"c":1}}}</script>', '@supports(x){@media y{.a{b:c}}}', 'if(x){if(z){y()}}}', "<a data-json='{\"a\":{\"b\":{\"c\":1}}}'>",
                 '{{a}}{b}}}'],
-            'swallowed-tag' => ['.a{color:{colour}}', '.a{color: {colour}}', 'f({id:{id}})'],
+            'swallowed-tag' => ['{optional -}{/optional see {name} here}', '<script>a = `${n}`</script>', '<script>a = `${n + \'x\'}`</script>',
+                '{dynamic r,x}<script>a = `${r::*::n}`</script>{/dynamic}', '.a{color:{colour}}', '.a{color: {colour}}', 'f({id:{id}})'],
         ];
         foreach ($faults as $rule => $templates) {
             foreach ($templates as $template) {
@@ -154,9 +156,9 @@ final class SilentFaultsTest extends ToolsTestCase
 
     public function testTakesAWordOfTheSampleDataForAPath(): void
     {
-        $template = new Template('page.tpl', '{json name}{html name}{raw name}{{nick}}{{name}}');
+        $template = new Template('page.tpl', '{json name}{html name}{raw name}{{nick}}{{name}}<script>a = `${nick} ${name}`</script>');
 
-        self::assertSame([1, 23, 41], array_column($this->findings(['html' => null, 'name' => 'Ann'], $template), 'column'));
+        self::assertSame([1, 23, 41, 71], array_column($this->findings(['html' => null, 'name' => 'Ann'], $template), 'column'));
     }
 
     public function testCitesALongTagInOneLine(): void

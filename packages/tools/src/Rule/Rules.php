@@ -16,8 +16,8 @@ final readonly class Rules
     /** @var array<string, array<string, Rule>> by the level of what they find */
     private array $rules;
 
-    /** @param array<array-key, mixed> $data sample data, or none */
-    public function __construct(Folders $folders, Includes $includes, array $data = [])
+    /** @param ?array<array-key, mixed> $data sample data, when there is some */
+    public function __construct(Folders $folders, Includes $includes, ?array $data = null)
     {
         $this->rules = [
             Level::Error->value => [
@@ -28,9 +28,9 @@ final readonly class Rules
             ],
             Level::Warning->value => [
                 'byte-order-mark' => new ByteOrderMark(),
-                'mistyped-keyword' => new MistypedKeyword($data),
-                'foreign-syntax' => new ForeignSyntax($data),
-                'swallowed-tag' => new SwallowedTag(),
+                'mistyped-keyword' => new MistypedKeyword($data ?? []),
+                'foreign-syntax' => new ForeignSyntax($data ?? []),
+                'swallowed-tag' => new SwallowedTag($data),
                 'lost-brace' => new LostBrace(),
                 'unclosed-tag' => new UnclosedTag(),
                 'glued-keyword' => new GluedKeyword(),
