@@ -184,6 +184,13 @@ final class SilentFaultsTest extends ToolsTestCase
         );
     }
 
+    public function testTakesAPathOfTheDataForTheNameOfATemplateThatNoOtherIncludes(): void
+    {
+        $this->write(['page.tpl' => '{dynamic row,rows}{include parts::row}{/dynamic}{include b.tpl}', 'a.tpl' => '{row::*}', 'b.tpl' => '{row::*}']);
+
+        self::assertSame(['b.tpl:1:1 unknown-loop'], $this->found(Template::fromFile('a.tpl'), Template::fromFile('b.tpl')));
+    }
+
     public function testFindsFaultsOfIncludedFiles(): void
     {
         $this->write(['page.tpl' => '{include part.tpl}', 'part.tpl' => "\n{a::}{optional b}{include page.tpl}"]);

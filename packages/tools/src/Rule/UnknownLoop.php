@@ -19,9 +19,9 @@ final readonly class UnknownLoop extends TagRule
         $loops = array_filter(array_map(fn(string $path): ?string => new Path($path)->loop, $tag->paths()), is_string(...));
         $loop = $loops === [] ? null : array_find($loops, fn(string $name): bool => !in_array($name, $this->namesAround($tag, $template), true));
 
-        return match ($loop) {
-            null => null,
-            '' => 'No loop is round this tag: write it inside {dynamic path}…{/dynamic}',
+        return match (true) {
+            $loop === null, $this->includes->mayBeNamedByData($template) => null,
+            $loop === '' => 'No loop is round this tag: write it inside {dynamic path}…{/dynamic}',
             default => "No loop round this tag is named \"$loop\": write {dynamic $loop,path}…{/dynamic} round it, or end the path without *",
         };
     }

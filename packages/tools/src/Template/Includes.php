@@ -10,8 +10,13 @@ use Zorvel\Syntax\TagKind;
 /** Which template includes which, over all templates of the folders. They are read when this is first asked for. */
 final class Includes
 {
+    private const string DATA_PATH = '/^[\w-]+$|::/';
+
     /** @var ?array<string, list<array{Template, Tag}>> the including tags by the included file */
     private ?array $places = null;
+
+    /** Whether the data names a file to include somewhere. */
+    private bool $followsData = false;
 
     public function __construct(private readonly Folders $folders) {}
 
@@ -19,6 +24,12 @@ final class Includes
     public function has(Template $template): bool
     {
         return $this->placesOf((string) realpath($template->file)) !== [];
+    }
+
+    /** Whether no template includes this one by its name, but one includes some file by a path in the data. */
+    public function mayBeNamedByData(Template $template): bool
+    {
+        return !$this->has($template) && $this->followsData;
     }
 
     /** @return list<Tag> the loops inside which other templates include this one, directly or not */
@@ -62,10 +73,12 @@ final class Includes
     private function includedBy(Template $template): iterable
     {
         $folders = $this->folders->around($template->file);
-        foreach ($template->tags as $tag) {
-            $file = $tag->kind === TagKind::Include ? $folders->find($tag->parameter) : null;
+        foreach (array_filter($template->tags, fn(Tag $tag): bool => $tag->kind === TagKind::Include) as $tag) {
+            $file = $folders->find($tag->parameter);
             if ($file !== null) {
                 yield (string) realpath($file) => $tag;
+            } elseif (preg_match(self::DATA_PATH, $tag->parameter) === 1) {
+                $this->followsData = true;
             }
         }
     }
