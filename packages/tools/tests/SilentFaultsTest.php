@@ -54,7 +54,7 @@ final class SilentFaultsTest extends ToolsTestCase
         yield 'doubled braces of others' => ["<script>{{ \$a }} {{ b + c }}</script> p {{ color: red }} {{\"a\": 'b + c'}} <a onclick='if (a) {{ b() }}'>{{a}}", []];
         yield 'expressions of others' => ["<script>a={b + c}</script> ()=>{a ? b : c} f(){a && b} {a = b} {a - 'b'} {dynamic x}{a * b}{/dynamic}", ['1:64 section-expression']];
         yield 'dollar signs of others' => ['<script>a = `${{n} ${b.c} ${d()} ${e + f} ${g[0]}`</script> costs ${n} {optional -}{/optional a {} b}', []];
-        yield 'behind a script' => ['<script>{{ $a }}</script>{{ $a }}', ['1:26 foreign-syntax']];
+        yield 'behind a long script' => ['<script>' . str_repeat(' ', 1_100_000) . '{{ $a }}</script>{{ $a }}', ['1:1100026 foreign-syntax']];
         yield 'words like those of other engines' => ["{if}{for}{section name}{else_ 'x'}{dynamic foreach}{* b}{*}{/dynamic}", []];
         yield 'keywords' => ['{included}{htmlspecialchars_raw}{addslashes[*]}', ['1:1 glued-keyword', '1:11 glued-keyword', '1:33 unknown-loop']];
         yield 'the right word before the brace' => ["é{x}\né{it's}", ['2:2 broken-tag']];

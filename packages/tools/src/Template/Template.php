@@ -15,7 +15,7 @@ final readonly class Template
     /** Bytes of a message. */
     private const int LONGEST = 400;
 
-    private const string NO_MARKUP = '~<(script|style)\b[^>]*>\K.*?(?=</\1\b|\z)~is';
+    private const string NO_MARKUP = '~<(script|style)\b[^>]*+>\K(?:[^<]++|<(?!/\1\b))*+~i';
 
     /** As in ${a.b}, f(){a.b}, ()=>{a.b} and a type in a comment, @param {a.b}. */
     private const string BEFORE_SCRIPT = '/[$)]$|=>$|@\w+ $/';
@@ -26,7 +26,7 @@ final readonly class Template
     public Nesting $nesting;
 
     /** The text, with blanks in place of its scripts and style sheets. */
-    public string $markup;
+    private string $markup;
 
     private Places $places;
 
@@ -39,7 +39,7 @@ final readonly class Template
         $this->tags = new TagReader()->read($text);
         $this->nesting = new Nesting($this->tags);
         $this->places = new Places($text);
-        $this->markup = (string) preg_replace_callback(self::NO_MARKUP, fn(array $match): string => str_repeat(' ', strlen($match[0])), $text);
+        $this->markup = preg_replace_callback(self::NO_MARKUP, fn(array $match): string => str_repeat(' ', strlen($match[0])), $text) ?? $text;
     }
 
     public static function fromFile(string $file): self
