@@ -37,5 +37,11 @@ table($special + ['in' => ['k"&/' => $special + $types + ['only' => 'here']], 'b
     '{dynamic in}' . $each('only') . '{/dynamic}' => '|||;',
     '{dynamic bytes}' . $each('*') . '{/dynamic}' => implode(array_map($escaped, $bytes)),
 ]);
+$told = fn (callable $call) => preg_replace('/^\w+\(\): /', '', observed($call));
+foreach (['utf-8', 'ISO-8859-1', 'KOI8-R', 'nonsense', ''] as $charset) {
+    @ini_set('default_charset', $charset);
+    foreach (['plain', 'a "b" & c', "<\xE9>", "a\0<"] as $text)
+        check("'$text' in $charset", $told(fn () => zorvel($each('t'), ['t' => $text], true)), $told(fn () => $escaped($text, null)));
+}
 --EXPECT--
 22 cases

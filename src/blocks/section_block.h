@@ -24,7 +24,7 @@ public:
     std::string namespaceName;
     /// The keys from that loop's current element to the section's data.
     std::deque<std::string> path;
-    /// See onlyKeyOf.
+    /// See onlyKeyOf; none where the path is not looked up while rendering.
     StringRef onlyKey;
     /// The value to walk when it was found while parsing, borrowed from the user data; null when it is looked
     /// up from namespaceName and path for each element.

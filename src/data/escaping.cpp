@@ -12,8 +12,6 @@ END_EXTERN_C()
 namespace zorvel
 {
 
-using namespace std::string_view_literals;
-
 namespace
 {
 
@@ -110,17 +108,26 @@ StringRef escape(const Escaping& escaping, std::string_view text, const char* ch
     return result;
 }
 
-/// True when every byte is a character of its own, and no NUL.
+bool isUtf8(std::string_view charset)
+{
+    return zend_binary_strcasecmp(charset.data(), charset.size(), ZEND_STRL("UTF-8")) == 0;
+}
+
+/// NUL is none. Looks at all bytes, many at a time.
 bool isPlainAscii(std::string_view text)
 {
-    return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<signed char>(c) > 0; });
+    char bits = 0;
+    for (const char c : text)
+        bits |= c;
+    return (bits & 0x80) == 0 && text.find('\0') == std::string_view::npos;
 }
 
 } // namespace
 
 void ByteEscaping::appendConfigured(std::string& out, std::string_view text)
 {
-    if (isPlainAscii(text) && php_get_internal_encoding() == "UTF-8"sv)
+    // There the escapes are those of ISO-8859-1.
+    if (isPlainAscii(text) && isUtf8(php_get_internal_encoding()))
         append(out, text);
     else
         out += escape(escaping_, text, nullptr).textUpToNul();
@@ -134,6 +141,7 @@ void ByteEscaping::append(std::string& out, std::string_view text)
     while (unsafe != text.end()) {
         out.append(from, unsafe);
         out += answerFor(static_cast<unsigned char>(*unsafe));
+        memory_.check(out.size());
         from = unsafe + 1;
         unsafe = std::find_if(from, text.end(), isUnsafe);
     }

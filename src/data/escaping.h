@@ -8,6 +8,7 @@
 
 #include "blocks/block.h"
 #include "engine/holders.h"
+#include "engine/memory_bound.h"
 
 namespace zorvel
 {
@@ -49,8 +50,7 @@ public:
     /// @throws Bailout when memory_limit is reached
     void append(std::string& out, std::string_view text);
 
-    /// The same for a text in PHP's configured charset, up to the first NUL byte of its escaped form. In UTF-8, plain
-    /// ASCII has the escapes of ISO-8859-1.
+    /// Appends a text in PHP's configured charset, up to the first NUL byte of its escaped form.
     /// @throws Bailout when memory_limit is reached, PendingException when an error handler throws
     void appendConfigured(std::string& out, std::string_view text);
 
@@ -58,6 +58,8 @@ private:
     const std::string& answerFor(unsigned char byte);
 
     const Escaping& escaping_;
+    /// Asked as a long text grows to several times its size.
+    MemoryBound memory_;
     std::vector<std::string> answers_;
     /// By byte, where its answer stands in answers_, counted from 1; 0: not asked for yet.
     std::array<std::uint8_t, 256> places_ = {};

@@ -13,8 +13,6 @@ namespace
 /// zend_is_true, which asks an object's own conversion.
 bool isTrue(const zval* value)
 {
-    if (Z_TYPE_P(value) < IS_OBJECT)
-        return zend_is_true(value);
     bool truth = false;
     guarded([&] { truth = zend_is_true(value); });
     return truth;

@@ -37,7 +37,7 @@ StringRef copyOf(std::string_view bytes)
 StringRef page(const Arguments& arguments)
 {
     TemplateInput input{{arguments.fileName, arguments.fileNameLength}, arguments.userData};
-    Template tpl(std::move(input.fileName), &input, arguments.stringMode);
+    Template tpl(input.fileName, &input, arguments.stringMode);
     tpl.parse();
     return copyOf(tpl.render());
 }

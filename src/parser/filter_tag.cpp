@@ -27,7 +27,7 @@ void parseFilterTag(Template& tpl, BlockList& blocks, PendingText& pending, std:
     if (resolved.status == ParamStatus::NotFound)
         return;
     if (resolved.status == ParamStatus::Found)
-        return appendKnown(pending->text, resolved.value, tpl.input->escapings[Code - Addslashes]);
+        return appendKnown(pending->text, resolved.value, tpl.input->escapingFor<Code>());
     tpl.flushText(blocks, pending);
     blocks.push_back(std::make_unique<FilterBlock<Code>>(std::string(resolved.namespaceName), keysOf(resolved),
                                                          resolved.status == ParamStatus::LoopKey));

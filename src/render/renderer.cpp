@@ -49,7 +49,7 @@ template <BlockType Code>
 RendererEntry filterEntry()
 {
     return {Code, [](Template& tpl, Block& block, std::string& out, const zval* data) {
-                renderEscaped(tpl, as<FilterBlock<Code>>(block), out, data, tpl.input->escapings[Code - Addslashes]);
+                renderEscaped(tpl, as<FilterBlock<Code>>(block), out, data, tpl.input->escapingFor<Code>());
             }};
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 #include <string_view>
+#include <utility>
 
 #include "engine/guard.h"
 #include "engine/reserve_ahead.h"
@@ -47,15 +48,15 @@ const char* findBrace(const char* from, const char* end)
     return end;
 }
 
-/// The scan of one readUntil, chunk after chunk.
-class Scan
+/// What one readUntil scans with, chunk after chunk. What it appends to outlives it.
+class Scanner
 {
 public:
-    Scan(std::string& out, bool inTag) : out_(out), inTag_(inTag) {}
+    Scanner(std::string& out, bool inTag) : out_(out), inTag_(inTag) {}
 
     /// Scans a chunk from `pos` on, which it moves.
     /// @return true when it stopped at the start of a tag, or behind the end of one; false at the chunk's end
-    bool run(std::string_view chunk, std::size_t& pos);
+    bool scan(std::string_view chunk, std::size_t& pos);
 
     /// A brace that the input ends with is literal.
     void finish();
@@ -63,7 +64,7 @@ public:
 private:
     enum class State { Plain, AfterOpen, AfterClose };
 
-    void takeRun(std::string_view chunk, std::size_t& pos);
+    void takePlain(std::string_view chunk, std::size_t& pos);
     void takeByteAfterOpen(char byte);
 
     std::string& out_;
@@ -71,25 +72,25 @@ private:
     State state_ = State::Plain;
 };
 
-bool Scan::run(std::string_view chunk, std::size_t& pos)
+bool Scanner::scan(std::string_view chunk, std::size_t& pos)
 {
     while (pos < chunk.size()) {
-        switch (state_) {
+        switch (std::exchange(state_, State::Plain)) {
         case State::Plain:
-            takeRun(chunk, pos);
+            takePlain(chunk, pos);
             if (inTag_ && state_ == State::AfterClose)
                 return true;
             break;
         case State::AfterOpen:
             if (!inTag_ && chunk[pos] != '{' && !isBlankAfterBrace(chunk[pos]))
                 return true;
-            takeByteAfterOpen(chunk[pos++]);
+            takeByteAfterOpen(chunk[pos]);
+            ++pos;
             break;
         case State::AfterClose:
             out_ += '}';
             if (chunk[pos] == '}')
                 ++pos;
-            state_ = State::Plain;
             break;
         }
     }
@@ -97,7 +98,7 @@ bool Scan::run(std::string_view chunk, std::size_t& pos)
 }
 
 /// Takes the bytes up to the next brace, and the brace.
-void Scan::takeRun(std::string_view chunk, std::size_t& pos)
+void Scanner::takePlain(std::string_view chunk, std::size_t& pos)
 {
     const char* const start = chunk.data() + pos;
     const char* const end = chunk.data() + chunk.size();
@@ -112,15 +113,14 @@ void Scan::takeRun(std::string_view chunk, std::size_t& pos)
 }
 
 /// The brace was literal: "{{" is one of them, and any other byte follows it unexamined.
-void Scan::takeByteAfterOpen(char byte)
+void Scanner::takeByteAfterOpen(char byte)
 {
     out_ += '{';
     if (byte != '{')
         out_ += byte;
-    state_ = State::Plain;
 }
 
-void Scan::finish()
+void Scanner::finish()
 {
     if (state_ != State::Plain)
         out_ += state_ == State::AfterOpen ? '{' : '}';
@@ -146,10 +146,10 @@ bool SourceReader::atEnd() const
 
 bool SourceReader::readUntil(std::string& out, char delimiter)
 {
-    Scan scan(out, delimiter == '}');
-    while (!scan.run({buffer.data(), buffer.size()}, pos)) {
+    Scanner scanner(out, delimiter == '}');
+    while (!scanner.scan({buffer.data(), buffer.size()}, pos)) {
         if (!fill()) {
-            scan.finish();
+            scanner.finish();
             return false;
         }
         memory.check(out.size());

@@ -16,9 +16,18 @@ namespace
 
 /// What a block takes, with what it holds in memory of its own.
 constexpr std::size_t blockSize = 400;
-/// A text that is given lives in this many places at once. Room for all, though most is never written, makes glibc keep
-/// at the call's end what else it would return to the system, and fault in again, at each call.
+/// A text that is given is held by the call's input, as the template's name, by its reader, and in the page. Room for
+/// all, though most is never written, makes glibc keep at the call's end what else it would return to the system, and
+/// fault in again, at each call.
 constexpr std::size_t copiesOfText = 4;
+
+/// Leaves the first block empty when it is a text: the block is rendered once more.
+std::string takeFirstText(const BlockList& blocks)
+{
+    if (blocks.empty() || blocks.front() == nullptr || blocks.front()->type != Text)
+        return {};
+    return std::exchange(static_cast<TextBlock&>(*blocks.front()).text, {});
+}
 
 } // namespace
 
@@ -62,10 +71,8 @@ void Template::flushText(BlockList& list, PendingText& pending)
 
 std::string Template::render()
 {
-    std::string out;
-    if (!blocks.empty() && blocks.front() != nullptr && blocks.front()->type == Text)
-        out.swap(static_cast<TextBlock&>(*blocks.front()).text);
-    else
+    std::string out = takeFirstText(blocks);
+    if (out.empty())
         out.reserve(READ_CHUNK_SIZE);
     renderBlocks(*this, blocks, out, nullptr);
     return out;

@@ -21,7 +21,7 @@ class DynamicBlock;
 
 /// What one call was given. Outlives every Template of the call.
 struct TemplateInput {
-    /// The file name as passed, or in string mode the template's text; the call's first Template takes it over.
+    /// The file name as passed, or in string mode the template's text.
     std::string fileName;
     /// The user data: always an array, borrowed from the caller, only read.
     const zval* userData;
@@ -29,13 +29,19 @@ struct TemplateInput {
     MemoryBound memory = {};
     /// Bytes of the blocks that have been parsed, roughly.
     std::size_t treeSize = 0;
-    /// The filters' escapings while rendering, by code from Addslashes on.
+    /// The filters' escapings, by code from Addslashes on; what they have asked of PHP is kept for the call.
     std::array<ByteEscaping, 4> escapings = {
         ByteEscaping(escapingOf<Addslashes>()),
         ByteEscaping(escapingOf<Htmlentities>()),
         ByteEscaping(escapingOf<Htmlspecialchars>()),
         ByteEscaping(escapingOf<Rawurlencode>()),
     };
+
+    template <BlockType Code>
+    ByteEscaping& escapingFor()
+    {
+        return std::get<Code - Addslashes>(escapings);
+    }
 };
 
 /// One template source being parsed and rendered: the file or text given to the call, or one included file,

@@ -112,19 +112,27 @@ TEST(Tag, HasItsParameterTrimmed)
         EXPECT_EQ(trimParameter(tag, keywordLength), parameter) << tag;
 }
 
-TEST(Renderer, RefusesANullBlock)
+void expectRefused(Template& tpl)
 {
-    Parsed parsed("{dynamic r}x{/dynamic}", "['r' => [1]]");
-    static_cast<SubBlock&>(*parsed.tpl.blocks.front()).children.push_back(nullptr);
     try {
-        parsed.tpl.render();
+        tpl.render();
         FAIL() << "rendered a null block";
     } catch (const std::runtime_error& failure) {
         EXPECT_STREQ(failure.what(), "Null subBlock detected");
     }
 }
 
-/// Of bytes alone and in pairs, made byte by byte and made by PHP's function at once.
+TEST(Renderer, RefusesANullBlock)
+{
+    Parsed parsed("{dynamic r}x{/dynamic}", "['r' => [1]]");
+    static_cast<SubBlock&>(*parsed.tpl.blocks.front()).children.push_back(nullptr);
+    expectRefused(parsed.tpl);
+    parsed.tpl.blocks.front() = nullptr;
+    expectRefused(parsed.tpl);
+}
+
+/// Of bytes alone and in pairs, in ISO-8859-1 and in the charset that is configured, made byte by byte and by PHP's
+/// function at once.
 void compareWithPhp(const Escaping& escaping)
 {
     ByteEscaping byByte(escaping);
