@@ -17,6 +17,7 @@ const RESIDENT = 250 << 20 // what a page may take that has a memory_limit of 64
 const LIMITS = { // what the pages of these names end with
   'a page without an end': 'Maximum execution time of 1 second exceeded',
   'a page of gigabytes': 'Allowed memory size of 67108864 bytes exhausted',
+  'a value that escaping makes six times as long': 'Allowed memory size of 67108864 bytes exhausted',
 }
 
 /** Load until nobody is connected any more; tells the errors of connections, and how many clients hung up. */

@@ -111,5 +111,9 @@ return [
             ini_set('memory_limit', '64M');
             return $text(loops(3, str_repeat('.', 30)), ['rows' => range(1, 420)])($token);
         },
+        'a value that escaping makes six times as long' => function (string $token) use ($text): ?string {
+            ini_set('memory_limit', '64M');
+            return $text('{token}{dynamic r}{htmlspecialchars *}{/dynamic}', ['r' => [str_repeat('"', 40 << 20)]])($token);
+        },
     ],
 ];
