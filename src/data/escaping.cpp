@@ -116,10 +116,10 @@ bool isUtf8(std::string_view charset)
 /// NUL is none. Looks at all bytes, many at a time.
 bool isPlainAscii(std::string_view text)
 {
-    char bits = 0;
+    unsigned char bits = 0;
     for (const char c : text)
-        bits |= c;
-    return (bits & 0x80) == 0 && text.find('\0') == std::string_view::npos;
+        bits |= static_cast<unsigned char>(c);
+    return bits < 0x80 && text.find('\0') == std::string_view::npos;
 }
 
 } // namespace
