@@ -1,6 +1,5 @@
 /// Renders each input as text and as a file, and compares what is seen with what the model says.
 #include <cstdint>
-#include <optional>
 #include <string>
 
 #include "heap.h"

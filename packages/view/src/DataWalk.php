@@ -43,6 +43,7 @@ use function is_string;
 final class DataWalk
 {
     private const int MAX_DEPTH = 128;
+    private const string TOO_DEEP = 'is nested too deeply, or stands within itself';
     private const int MAX_ELEMENTS = 1_000_000;
 
     /** How many have been taken out of Traversables. */
@@ -77,7 +78,7 @@ final class DataWalk
     private function ofArray(array $values, int $depth): array
     {
         if ($depth > self::MAX_DEPTH) {
-            throw new Unshowable('is nested too deeply, or stands within itself');
+            throw new Unshowable(self::TOO_DEEP);
         }
         $plain = [];
         try {
@@ -133,7 +134,7 @@ final class DataWalk
     private function openedJson(mixed $data, int $depth): mixed
     {
         if ($depth > self::MAX_DEPTH) {
-            throw new Unshowable('is nested too deeply, or stands within itself');
+            throw new Unshowable(self::TOO_DEEP);
         }
 
         return is_object($data) ? $this->opened($data, $depth) : $data;

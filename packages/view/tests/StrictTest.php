@@ -81,6 +81,9 @@ final class StrictTest extends TemplatesTestCase
         yield 'default' => ["{nope ''}{dynamic rows}{*::only 'none'}{/dynamic}", null];
         yield 'null' => ["{none ''}{none name}{htmlspecialchars none}{dynamic none}{/dynamic}{list::0}", null];
         yield 'null in a loop' => ['{dynamic r,nulls}{r::*::none}{*::none none}{/dynamic}', null];
+        yield 'null in place of all elements' => ['{dynamic r,nothing}{r::*::x}{/dynamic}{optional nothing}{nope}{/optional}', null];
+        yield 'null that would decide' => ['{optional decided}{nope}{/optional}', 'page.tpl:1: nope names nothing, and there is no default'];
+        yield 'null that would be walked' => ['{dynamic r,walked}{r::*::nope}{/dynamic}', 'page.tpl:1: r::*::nope names nothing, and there is no default'];
         yield 'null without a default' => ["\n{nope none}", 'page.tpl:2: nope or none is null, and there is no default'];
         yield 'null before an array' => ['{none user}', 'page.tpl:1: user is no text, but of type array'];
         yield 'filter with a default' => ["{htmlspecialchars nope 'x'}", "page.tpl:1: nope 'x' names nothing"];
@@ -106,7 +109,8 @@ final class StrictTest extends TemplatesTestCase
     public function testTellsOfTheFirstTagThatComesToNothing(string $template, ?string $message): void
     {
         $folder = $this->folder(['page.tpl' => $template, 'part.tpl' => "\n{include missing.tpl}"]);
-        $data = self::DATA + ['nulls' => [['none' => null]], 'list' => [null], 'sums' => ['num' => 3], 'raw' => new Raw(['n' => 5])];
+        $data = self::DATA + ['nulls' => [['none' => null]], 'list' => [null], 'sums' => ['num' => 3], 'nothing' => ['a' => null],
+            'decided' => ['visible' => null, 'x' => 1], 'walked' => ['num' => null, 'x' => ['y' => 1]], 'raw' => new Raw(['n' => 5])];
         if ($message === null) {
             self::assertSame($this->page($template, $data), $this->page($template, $data, strict: true));
         } else {

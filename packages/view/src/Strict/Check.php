@@ -138,12 +138,13 @@ final class Check
     private function loop(Node $node, Scope $scope): void
     {
         $path = $node->tag->paths()[0];
-        $number = $scope->find(new Path("$path::num"));
-        $found = $number ?? $scope->find(new Path($path));
+        $hasNum = $scope->find(new Path("$path::num"))?->value !== null;
+        $walked = $hasNum ? "$path::num" : $path;
+        $found = $scope->find(new Path($walked));
         if ($found === null) {
             $this->report($node->tag, "$path names nothing that can be repeated");
         } elseif (is_scalar($found->value)) {
-            $this->report($node->tag, $path . ($number === null ? '' : '::num') . ' is no array, but of type ' . get_debug_type($found->value));
+            $this->report($node->tag, "$walked is no array, but of type " . get_debug_type($found->value));
         }
         foreach ($found?->elements() ?? [] as $key => $element) {
             $loop = new Loop($node->tag->loopName(), (string) $key, new Found($element));

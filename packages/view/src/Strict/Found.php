@@ -26,16 +26,16 @@ final readonly class Found
         return array_reduce($keys, static fn(?self $found, string $key): ?self => $found?->at($key), $this);
     }
 
-    /** @return array<array-key, mixed> */
+    /** @return array<array-key, mixed> what a loop over it goes through: null is not there */
     public function elements(): array
     {
-        return is_array($this->value) ? $this->value : [];
+        return is_array($this->value) ? array_filter($this->value, static fn(mixed $value): bool => $value !== null) : [];
     }
 
     /** What an optional section without a text to compare with asks. */
     public function isTrue(): bool
     {
-        return (bool) ($this->at('visible') ?? $this)->value;
+        return (bool) ($this->at('visible')->value ?? (is_array($this->value) ? $this->elements() : $this->value));
     }
 
     /** What an optional section with one asks. */
